@@ -1,0 +1,103 @@
+#include "tarvola/ado/sql/engine_functions.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "tarvola/ado/sql/letters.h"
+#include "tarvola/ado/sql/literals.h"
+#include "tarvola/runtime/clock.h"
+#include "tarvola/runtime/error_texts.h"
+#include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/text_forms.h"
+
+namespace tarvola::ado::sql {
+namespace {
+
+using Arguments = std::span<const Variant>;
+
+[[noreturn]] void failMismatch() { fail(ErrorNumber::CriteriaMismatch, criteriaMismatchText()); }
+
+double numberOf(const Variant& value) {
+  if (!value.isString()) return CDbl(value);
+  const std::optional<double> number = tryNumber(value.string());
+  if (!number) failMismatch();
+  return *number;
+}
+
+Date dateOf(const Variant& value) {
+  if (!value.isString()) return Date::fromSerial(numberOf(value));
+  if (const std::optional<Date> iso = readIsoDate(value.string())) return *iso;
+  const std::optional<Date> date = tryDate(value.string());
+  if (!date) failMismatch();
+  return *date;
+}
+
+std::string textOf(const Variant& value) { return CStr(value); }
+
+int wholeOf(const Variant& value) { return CLng(Variant(numberOf(value))); }
+
+/// A count or position in a text, at least so large.
+std::size_t countOf(const Variant& value, int least) {
+  const int count = wholeOf(value);
+  if (count < least) fail(ErrorNumber::InvalidProcedureCall);
+  return static_cast<std::size_t>(count);
+}
+
+/// Rounds at a decimal place, halves to the even neighbour.
+double roundedAt(double value, int places) {
+  if (places < 0 || places > 22) fail(ErrorNumber::InvalidProcedureCall);
+  const double scale = std::pow(10.0, places);
+  const double scaled = value * scale;
+  return std::isfinite(scaled) ? std::nearbyint(scaled) / scale : value;
+}
+
+double signOf(double value) { return value > 0 ? 1 : value < 0 ? -1 : 0; }
+
+constexpr auto functions = std::to_array<EngineFunction>({
+    // Conversions.
+    {"tv_fold", 1, true, [](Arguments a) { return a[0].isString() ? Variant(foldCase(a[0].string())) : a[0]; }},
+    {"tv_cdbl", 1, true, [](Arguments a) { return Variant(numberOf(a[0])); }},
+    {"tv_clng", 1, true, [](Arguments a) { return Variant(CLng(Variant(numberOf(a[0])))); }},
+    {"tv_cint", 1, true, [](Arguments a) { return Variant(CInt(numberOf(a[0]))); }},
+    {"tv_cbool", 1, true, [](Arguments a) { return Variant(CBool(a[0])); }},
+    {"tv_cstr", 1, true, [](Arguments a) { return Variant(textOf(a[0])); }},
+    {"tv_cdate", 1, true, [](Arguments a) { return Variant(dateOf(a[0])); }},
+    {"tv_date", 1, true, [](Arguments a) { return Variant(Date::fromSerial(numberOf(a[0]))); }},
+    {"tv_serial", 1, true, [](Arguments a) { return Variant(dateOf(a[0]).serial()); }},
+    {"tv_datetext", 1, true, [](Arguments a) { return Variant(CStr(dateOf(a[0]))); }},
+    // Texts.
+    {"tv_ucase", 1, true, [](Arguments a) { return Variant(upperCase(textOf(a[0]))); }},
+    {"tv_lcase", 1, true, [](Arguments a) { return Variant(foldCase(textOf(a[0]))); }},
+    {"tv_instr", 3, true,
+     [](Arguments a) {
+       return Variant(static_cast<std::int32_t>(InStrText(textOf(a[0]), textOf(a[1]), countOf(a[2], 1))));
+     }},
+    {"tv_str", 1, true, [](Arguments a) { return Variant(Str(numberOf(a[0]))); }},
+    {"tv_format", 2, true, [](Arguments a) { return Variant(Format(a[0], textOf(a[1]))); }},
+    {"tv_formatdate", 2, true, [](Arguments a) { return Variant(Format(Variant(dateOf(a[0])), textOf(a[1]))); }},
+    // Numbers.
+    {"tv_val", 1, true, [](Arguments a) { return Variant(Val(textOf(a[0]))); }},
+    {"tv_int", 1, true, [](Arguments a) { return Variant(Int(numberOf(a[0]))); }},
+    {"tv_fix", 1, true, [](Arguments a) { return Variant(std::trunc(numberOf(a[0]))); }},
+    {"tv_sgn", 1, true, [](Arguments a) { return Variant(signOf(numberOf(a[0]))); }},
+    {"tv_round", 2, true, [](Arguments a) { return Variant(roundedAt(numberOf(a[0]), wholeOf(a[1]))); }},
+    {"tv_power", 2, true, [](Arguments a) { return Variant(std::pow(numberOf(a[0]), numberOf(a[1]))); }},
+    {"tv_isnumeric", 1, true, [](Arguments a) { return Variant(IsNumeric(a[0])); }},
+    // Dates.
+    {"tv_today", 0, false, [](Arguments) { return Variant(today()); }},
+    {"tv_dateserial", 3, true,
+     [](Arguments a) { return Variant(Date::fromYmd(wholeOf(a[0]), wholeOf(a[1]), wholeOf(a[2]))); }},
+});
+
+}  // namespace
+
+Variant EngineFunction::operator()(std::span<const Variant> arguments) const {
+  const bool hasNull = std::ranges::any_of(arguments, [](const Variant& value) { return value.isNull(); });
+  return hasNull ? Variant::null() : call(arguments);
+}
+
+std::span<const EngineFunction> engineFunctions() noexcept { return functions; }
+
+}  // namespace tarvola::ado::sql

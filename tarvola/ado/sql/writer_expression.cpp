@@ -1,0 +1,245 @@
+#include <algorithm>
+
+#include "tarvola/ado/sql/conversions.h"
+#include "tarvola/ado/sql/functions.h"
+#include "tarvola/ado/sql/writer.h"
+#include "tarvola/ado/sql/writer_nested.h"
+
+namespace tarvola::ado::sql {
+namespace {
+
+bool isNumberLiteral(const Expression& expression) {
+  return expression.kind == ExpressionKind::Literal && expression.literal.kind == LiteralKind::Number;
+}
+
+Binding bindingOf(const Expression& chain) { return rowOf(chain.operators.front()).binding; }
+
+/// Whether the engine answers with its own 1 and 0 where the dialect has -1 and 0.
+bool isTruth(const Expression& expression) {
+  switch (expression.kind) {
+    case ExpressionKind::Not:
+    case ExpressionKind::Comparison:
+    case ExpressionKind::InList:
+    case ExpressionKind::InQuery:
+    case ExpressionKind::Between:
+    case ExpressionKind::Like:
+    case ExpressionKind::IsNull:
+    case ExpressionKind::Exists: return true;
+    case ExpressionKind::Chain: return bindingOf(expression) <= Binding::And;
+    case ExpressionKind::Call: return expression.function->isCondition;
+    default: return false;
+  }
+}
+
+Level chainLevel(const Expression& chain) {
+  switch (bindingOf(chain)) {
+    case Binding::Or: return Level::Or;
+    case Binding::And: return Level::And;
+    case Binding::Join: return Level::Join;
+    case Binding::Add:
+      return chain.family == Family::Text ? Level::Join : chain.family == Family::Date ? Level::Whole : Level::Add;
+    case Binding::Power: return Level::Whole;
+    default: return Level::Multiply;
+  }
+}
+
+}  // namespace
+
+Level Writer::levelOf(const Expression& expression) const {
+  switch (expression.kind) {
+    case ExpressionKind::Negate:
+    case ExpressionKind::Boolean: return Level::Sign;
+    case ExpressionKind::Not: return Level::Not;
+    case ExpressionKind::Chain: return chainLevel(expression);
+    case ExpressionKind::Comparison: return expression.year != nullptr ? Level::Whole : Level::Compare;
+    case ExpressionKind::InList:
+    case ExpressionKind::InQuery:
+    case ExpressionKind::Between:
+    case ExpressionKind::Like:
+    case ExpressionKind::IsNull: return Level::Compare;
+    default: return Level::Whole;
+  }
+}
+
+void Writer::value(const Expression& expression, Level loosest) {
+  const bool truth = isTruth(expression);
+  const bool needsParentheses = truth || levelOf(expression) < loosest;
+  if (!needsParentheses) return node(expression);
+  const Nested nested(*this);
+  put(truth ? "-(" : "(");
+  node(expression);
+  put(")");
+}
+
+// A text or a date in place of a condition holds whenever there is one: WHERE a = 'x' OR 'y' takes every row.
+void Writer::condition(const Expression& expression, Level loosest) {
+  const bool asksForValue = expression.family == Family::Text || expression.family == Family::Date;
+  const Level level = asksForValue ? Level::Compare : levelOf(expression);
+  const auto inside = [&] {
+    if (!asksForValue) return isTruth(expression) ? node(expression) : value(expression, Level::Or);
+    value(expression, Level::Add);
+    put(" IS NOT NULL");
+  };
+  if (level >= loosest) return inside();
+  const Nested nested(*this);
+  put("(");
+  inside();
+  put(")");
+}
+
+void Writer::node(const Expression& expression) {
+  switch (expression.kind) {
+    case ExpressionKind::Literal:
+      return putParameter(expression.literalPlace, asItStands(expression.literal.kind));
+    case ExpressionKind::Null: return put("NULL");
+    case ExpressionKind::Boolean: return put(expression.negated ? "0" : "-1");
+    case ExpressionKind::Name: return putColumn(expression.table, *expression.column);
+    case ExpressionKind::AllRows: return put("*");
+    case ExpressionKind::Negate: return negated(*expression.operands[0]);
+    case ExpressionKind::Not: put("NOT "); return condition(*expression.operands[0], Level::Not);
+    case ExpressionKind::Chain: return chain(expression);
+    case ExpressionKind::Comparison: return comparison(expression);
+    case ExpressionKind::InList: return inList(expression);
+    case ExpressionKind::InQuery: return inQuery(expression);
+    case ExpressionKind::Between: return between(expression);
+    case ExpressionKind::Like: return like(expression);
+    case ExpressionKind::IsNull:
+      value(*expression.operands[0], Level::Add);
+      return put(expression.negated ? " IS NOT NULL" : " IS NULL");
+    case ExpressionKind::Exists: put("EXISTS "); [[fallthrough]];
+    case ExpressionKind::Subquery: {
+      const Nested nested(*this);
+      put("(");
+      query(*expression.query, {});
+      return put(")");
+    }
+    case ExpressionKind::Call: return call(expression);
+  }
+}
+
+// Two signs in a row would begin a comment of the engine, so what has a sign of its own stands in parentheses.
+void Writer::negated(const Expression& operand) {
+  const bool isBare = operand.kind == ExpressionKind::Literal || operand.kind == ExpressionKind::Name;
+  put(isBare ? "-" : "-(");
+  converted(operand, ColumnType::Double, Level::Or);
+  if (!isBare) put(")");
+}
+
+void Writer::chain(const Expression& expression) {
+  switch (bindingOf(expression)) {
+    case Binding::Or:
+    case Binding::And: return conditions(expression);
+    case Binding::Join: return joinedTexts(expression);
+    case Binding::Power: return powers(expression);
+    default: break;
+  }
+  if (expression.family == Family::Text) return joinedTexts(expression);
+  if (expression.family != Family::Date) return numbers(expression);
+  put("tv_date(");
+  numbers(expression);
+  put(")");
+}
+
+void Writer::conditions(const Expression& chain) {
+  const OperatorRow& row = rowOf(chain.operators.front());
+  const Level inside = row.op == Operator::And ? Level::Not : Level::And;
+  for (std::size_t place = 0; place < chain.operands.size(); ++place) {
+    if (place != 0) (put(" "), put(row.engine), put(" "));
+    condition(*chain.operands[place], inside);
+  }
+}
+
+// "/" divides with a fraction even two whole numbers, "\" and MOD take whole numbers only.
+void Writer::numbers(const Expression& chain) {
+  const Binding binding = bindingOf(chain);
+  const bool wholeOnly = binding == Binding::WholeDivide || binding == Binding::Modulo;
+  const ColumnType type = wholeOnly ? ColumnType::Long : ColumnType::Double;
+  for (std::size_t place = 0; place < chain.operands.size(); ++place) {
+    if (place != 0) {
+      const Operator op = chain.operators[place - 1];
+      put(op == Operator::Divide ? " * 1.0 " : " ");
+      put(rowOf(op).engine);
+      put(" ");
+    }
+    converted(*chain.operands[place], type, binding == Binding::Add ? Level::Multiply : Level::Join);
+  }
+}
+
+// "+" with a Null gives Null, as the engine's own operator does; "&" takes a Null for "".
+void Writer::joinedTexts(const Expression& chain) {
+  const bool nullIsEmpty = bindingOf(chain) == Binding::Join;
+  for (std::size_t place = 0; place < chain.operands.size(); ++place) {
+    const Expression& operand = *chain.operands[place];
+    if (place != 0) (put(" "), put(dialect_.joinOperator), put(" "));
+    const bool guarded = nullIsEmpty && operand.kind != ExpressionKind::Literal;
+    if (guarded) put("coalesce(");
+    converted(operand, ColumnType::Text, guarded ? Level::Or : Level::Sign);
+    if (guarded) put(", '')");
+  }
+}
+
+void Writer::powers(const Expression& chain) {
+  for (std::size_t place = 1; place < chain.operands.size(); ++place) put("tv_power(");
+  converted(*chain.operands.front(), ColumnType::Double, Level::Or);
+  for (std::size_t place = 1; place < chain.operands.size(); ++place) {
+    put(", ");
+    converted(*chain.operands[place], ColumnType::Double, Level::Or);
+    put(")");
+  }
+}
+
+void Writer::converted(const Expression& expression, ColumnType target, Level loosest) {
+  if (literalAs(expression, target)) return;
+  const std::string_view function = conversionFunction(expression.family, expression.type, target);
+  if (function.empty()) return value(expression, loosest);
+  const Nested nested(*this);
+  put(function);
+  put("(");
+  value(expression, Level::Or);
+  put(")");
+}
+
+bool Writer::literalAs(const Expression& expression, ColumnType target) {
+  if (expression.kind == ExpressionKind::Literal) {
+    putParameter(expression.literalPlace, assigned(expression.literal.kind, target));
+    return true;
+  }
+  const bool isNegative = expression.kind == ExpressionKind::Negate && isNumberLiteral(*expression.operands[0]);
+  if (!isNegative || familyOf(target) != Family::Number) return false;
+  put("-");
+  return literalAs(*expression.operands[0], target);
+}
+
+void Writer::call(const Expression& expression) {
+  const Nested nested(*this);
+  const std::string_view pattern = expression.function->engine;
+  for (std::size_t at = 0; at < pattern.size(); ++at) {
+    if (pattern[at] != '{') {
+      out_.text += pattern[at];
+      continue;
+    }
+    argument(expression, static_cast<std::size_t>(pattern[at + 1] - '1'));
+    at += 2;
+  }
+}
+
+void Writer::argument(const Expression& call, std::size_t place) {
+  const Expression& given = *call.operands[place];
+  switch (static_cast<ArgumentKind>(call.function->arguments[place])) {
+    case ArgumentKind::Text: return converted(given, ColumnType::Text, Level::Sign);
+    case ArgumentKind::Number: return converted(given, ColumnType::Double, Level::Sign);
+    case ArgumentKind::Date: return converted(given, ColumnType::Date, Level::Sign);
+    case ArgumentKind::Condition: return condition(given, Level::Or);
+    case ArgumentKind::Day:
+      if (given.kind == ExpressionKind::Literal && given.literal.kind == LiteralKind::Text)
+        return putParameter(given.literalPlace, Conversion::TextToDay);
+      put("substr(");
+      converted(given, ColumnType::Date, Level::Or);
+      return put(", 1, 10)");
+    case ArgumentKind::Any: value(given, Level::Sign);
+  }
+  const bool isComputedText = given.family == Family::Text && given.kind != ExpressionKind::Name;
+  if (call.function->isAggregate && isComputedText) put(dialect_.caseInsensitive);
+}
+
+}  // namespace tarvola::ado::sql
