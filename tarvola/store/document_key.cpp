@@ -1,0 +1,84 @@
+#include "tarvola/store/document_key.h"
+
+#include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/store/field_access.h"
+#include "tarvola/store/store_object.h"
+#include "tarvola/store/store_texts.h"
+
+namespace tarvola::store {
+namespace {
+
+FilerHeader filerFrom(const RecordsetPtr& profile, std::string_view name, std::string_view address) {
+  if (isEmptyResult(profile)) return {};
+  return {.npwp = fieldTextOr(profile, "NPWP", ""),
+          .name = fieldTextOr(profile, name, ""),
+          .address = fieldTextOr(profile, address, "")};
+}
+
+void refuseSeparator(std::string_view field, std::string_view value) {
+  if (value.find(';') != std::string_view::npos) fail(ErrorNumber::InvalidProcedureCall, separatorInFieldText(field));
+}
+
+}  // namespace
+
+Statement periodCondition(const Period& period) {
+  return Statement("MS_PAJAK = ") << std::int32_t{period.msPajak} << " AND TH_PAJAK = " << std::int32_t{period.thPajak}
+                                  << " AND KD_PEMBETULAN_KE = " << std::int32_t{period.kdPembetulanKe};
+}
+
+Statement documentCondition(const DocumentKey& key) {
+  return Statement("KD_FORM = ") << text(key.kdForm) << " AND JENIS_DOKUMEN = " << text(key.jenisDokumen) << " AND "
+                                 << periodCondition(key.period) << " AND NOBUKTI = " << text(key.noBukti)
+                                 << " AND KD_JENIS_PAJAK = " << text(key.kdJenisPajak);
+}
+
+Statement ownDocumentCondition(const DocumentKey& key) {
+  return Statement("NPWP = ") << text(key.npwp) << " AND " << documentCondition(key);
+}
+
+std::string_view tableName(FormTable table) noexcept {
+  return table == FormTable::Induk ? "DS_FORM_INDUK" : "DAT_SSP_PPh22";
+}
+
+Statement selectDocument(FormTable table, const DocumentKey& key) {
+  return Statement("SELECT * FROM ") << name(tableName(table)) << " WHERE " << documentCondition(key);
+}
+
+Statement selectOwnDocument(FormTable table, const DocumentKey& key) {
+  return Statement("SELECT * FROM ") << name(tableName(table)) << " WHERE " << ownDocumentCondition(key);
+}
+
+Statement insertDocument(FormTable table, const DocumentKey& key, std::string_view datForm, std::string_view dateText) {
+  const bool hasFlag = table == FormTable::Induk;
+  Statement insert("INSERT INTO ");
+  insert << name(tableName(table));
+  if (hasFlag) {
+    insert << " (NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE,NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,"
+              "TGL_REKAM,TGL_UBAH,NIP,FlagNPWP)";
+  }
+  insert << " VALUES (" << text(key.npwp) << ", " << text(key.kdForm) << ", " << text(key.jenisDokumen) << ", "
+         << std::int32_t{key.period.msPajak} << ", " << std::int32_t{key.period.thPajak} << ", "
+         << std::int32_t{key.period.kdPembetulanKe} << ", " << text(key.noBukti) << ", " << text(key.kdJenisPajak)
+         << ", " << text(datForm) << ", " << text(dateText) << ", " << text(dateText) << ", ''";
+  if (hasFlag) insert << ", 0";
+  return insert << ")";
+}
+
+FilerHeader filerOfProfile(const RecordsetPtr& profile) { return filerFrom(profile, "NAMA_WP_PROFILE", "Alamat"); }
+
+FilerHeader filerOfPartnerColumns(const RecordsetPtr& profile) {
+  return filerFrom(profile, "NAMA_WP_PARTNER", "ALAMAT_WP_PARTNER");
+}
+
+std::string packedHead(const FilerHeader& filer, const Period& period) {
+  refuseSeparator("NPWP", filer.npwp);
+  refuseSeparator("NmWP", filer.name);
+  refuseSeparator("ALM", filer.address);
+  std::string head = filer.npwp + ";" + filer.name + ";" + filer.address;
+  for (const std::int16_t number : {period.msPajak, period.thPajak, period.kdPembetulanKe})
+    head.append(";").append(CStr(std::int32_t{number}));
+  return head;
+}
+
+}  // namespace tarvola::store
