@@ -1,0 +1,75 @@
+// What a slip moves in the main return of its period.
+#include "tarvola/mainreturn/CF113204.h"
+
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/slips/slip_frame.h"
+#include "tarvola/store/failure_rule.h"
+#include "tarvola/store/field_access.h"
+#include "tarvola/store/form_codes.h"
+
+namespace tarvola::slips {
+
+void SlipFrame::pUpdF113204() {
+  guarded([&] {
+    computeTotals();
+    CF113204 mainReturn;
+    mainReturn.pGetF113204(store::fieldText(form_, "npwp"), store::F113204.kdForm, store::F113204.jenisDokumen,
+                           savedPeriod_.msPajak, savedPeriod_.thPajak, savedPeriod_.kdPembetulanKe, store::headerNumber,
+                           store::taxKind);
+    moveReturnLines(mainReturn);
+    countSlip(mainReturn.rs4_2Form());
+    mainReturn.pHitPjk3204(1);
+    mainReturn.pUpdate();
+  });
+}
+
+void SlipFrame::moveReturnLines(CF113204& mainReturn) {
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  for (const ReturnLine& line : description_.returnLines) moveReturnLine(returnRow, line);
+  for (const ReturnLine& line : description_.returnLines) setReturnTariff(mainReturn, line);
+}
+
+void SlipFrame::moveReturnLine(const RecordsetPtr& returnRow, const ReturnLine& line) const {
+  if (!status_.addsOrEdits() && !status_.remove) return;
+  Amounts amounts{.grossRupiah = store::fieldNumber(returnRow, line.gross),
+                  .taxRupiah = store::fieldNumber(returnRow, line.tax)};
+  // A deleted slip takes away what it was loaded with; what it holds by now plays no part.
+  amounts = status_.addsOrEdits() ? changed(amounts, line.rows) : reduced(amounts, line.rows);
+  store::setField(returnRow, line.gross, amounts.grossRupiah);
+  store::setField(returnRow, line.tax, amounts.taxRupiah);
+}
+
+void SlipFrame::setReturnTariff(CF113204& mainReturn, const ReturnLine& line) const {
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  const bool isZero = store::fieldNumber(returnRow, line.gross) == 0;
+  store::setField(returnRow, line.tariff,
+                  isZero ? defaultTariff(mainReturn, line.defaultItem) : averageTariff(mainReturn, line.averageChoice));
+}
+
+double SlipFrame::defaultTariff(CF113204& mainReturn, std::string_view item) const {
+  const double tariff = mainReturn.pGetDefaultTaxRate(store::taxArticle, item, description_.form.kdForm);
+  return CDbl(Format(tariff, "0.00"));
+}
+
+double SlipFrame::averageTariff(CF113204& mainReturn, std::string_view choice) const {
+  const store::Period period = formPeriod();
+  return mainReturn.pHit_TarifRataan(store::fieldText(form_, "npwp"), description_.form.kdForm,
+                                     description_.form.jenisDokumen, period.msPajak, period.thPajak,
+                                     period.kdPembetulanKe, store::taxKind, choice);
+}
+
+/// C3 counts the slips of the return and never falls below 0; CHKC2 and CHKC3 mark whether there are any.
+void SlipFrame::countSlip(const RecordsetPtr& returnRow) const {
+  double count = store::fieldNumber(returnRow, "C3");
+  if (status_.add) {
+    count += 1;
+  } else if (status_.remove) {
+    count = count < 1 ? 0 : count - 1;
+  }
+  store::setField(returnRow, "C3", count);
+  const std::int16_t mark = count > 0 ? 1 : 0;
+  store::setField(returnRow, "CHKC2", mark);
+  store::setField(returnRow, "CHKC3", mark);
+}
+
+}  // namespace tarvola::slips
