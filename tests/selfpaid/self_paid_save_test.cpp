@@ -1,0 +1,510 @@
+#include <sqlite3.h>
+
+#include "tests/selfpaid/self_paid_store.h"
+
+namespace tarvola::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+template <class Form>
+class SelfPaidSave : public SelfPaidForms<Form> {};
+TYPED_TEST_SUITE(SelfPaidSave, AllForms, FormNames);
+
+/// Takes a table away behind the library's back; its statements cannot.
+void dropProfile(const std::string& path) {
+  sqlite3* handle = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(handle, "DROP TABLE PROFILE", nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+  sqlite3_close(handle);
+}
+
+// --- the empty form ---------------------------------------------------------------------------------------
+
+TYPED_TEST(SelfPaidSave, StartsFromAnEmptyFormWithOneSeparatorMore) {
+  TypeParam form;
+  create(form, "N1");
+  const std::string kind(Kind<TypeParam>::form);
+  EXPECT_EQ(this->store.row("SELECT * FROM DAT_SSP_PPh22 WHERE KD_FORM = '" + kind + "'"),
+            std::string(filerNpwp) + "|" + kind + "|" + std::string(Kind<TypeParam>::document) + "|1|2009|0|N1|113|" +
+                std::string(packedStart) + std::string(Kind<TypeParam>::beforeDate) +
+                "05/02/2009;N1;0;0;0;|05/02/2009|05/02/2009|");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// A form that exists is not looked into, so that not even a name that could not be written is noticed.
+TYPED_TEST(SelfPaidSave, MakesNoEmptyFormBesideOneOfThatPayment) {
+  add<TypeParam>("N1", 4, 1000, 100);
+  const auto before = this->store.dump();
+  TypeParam form;
+  create(form, "N1", "PT A;B");
+  EXPECT_EQ(this->store.dump(), before);
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, LoadsAFormIntoNamedFieldsAlone) {
+  TypeParam form;
+  create(form, "N1");
+  load(form, "N1", 0);
+  EXPECT_EQ(form.rs4_2Form(), nullptr);
+  EXPECT_EQ(form.aNPWP(), Variant(filerNpwp));
+  EXPECT_EQ(form.aNMWP(), Variant(filerName));
+  EXPECT_EQ(form.aALM(), filerAddress);
+  EXPECT_EQ(form.aTGL_POTONG(), Variant("05/02/2009"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// The layout is that of the class, whatever form is asked for; FOther has none.
+TYPED_TEST(SelfPaidSave, ExpandsWhateverItLoadsUnderItsOwnLayout) {
+  this->store.run("INSERT INTO DAT_SSP_PPh22 VALUES ('n', 'FOther', '99', 1, 2009, 0, 'N1', '113', '" +
+                  packed<TypeParam>("N1", "1", "7", "1") + "', '', '', '')");
+  TypeParam form;
+  form.pGet("", "FOther", "99", 1, 2009, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_EQ(form.aTGL_POTONG(), Variant("05/02/2009"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, LoadsNothingUnderAnotherKey) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  const Text kind = Kind<TypeParam>::form;
+  const Text document = Kind<TypeParam>::document;
+  TypeParam form;
+  form.pGet("", "FOther", document, 1, 2009, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, "99", 1, 2009, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 2, 2009, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 1, 2010, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 1, 2009, 1, "N1", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 1, 2009, 0, "N2", "113", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 1, 2009, 0, "N1", "112", "", "", Date(), 1);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  form.pGet("", kind, document, 1, 2009, 0, "N1", "113", "", "", Date(), 2);
+  EXPECT_TRUE(form.aNPWP().isEmpty());
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>(8, noCurrentRecord));
+  form.pGet("nobody", kind, document, 1, 2009, 0, "N1", "113", "", "", Date(), 1);
+  EXPECT_EQ(form.aNPWP(), Variant(filerNpwp));
+}
+
+TYPED_TEST(SelfPaidSave, FindsASeqThatIsNotWhole) {
+  add<TypeParam>("N1", 1.5, 1000, 100);
+  TypeParam form;
+  load(form, "N1", 1.5);
+  EXPECT_EQ(form.aNPWP(), Variant(filerNpwp));
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1,5", "1000", "100")));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// --- adding ---------------------------------------------------------------------------------------------
+
+TYPED_TEST(SelfPaidSave, RewritesTheEmptyFormAndMovesListAndReturn) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100")));
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1"));
+  EXPECT_EQ(this->listSums(), "1000;100");
+  EXPECT_EQ(this->line(), "1000;10;100");
+  EXPECT_EQ(this->store.ofReturn({"JMLPHSL", "JmlB5"}), "1000;100");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// Old values that were never kept are "" and 0, and no form is found by them.
+TYPED_TEST(SelfPaidSave, AddsASecondFormToAPayment) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  addBeside<TypeParam>("N1", 1, 2, 500, 25);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100"),
+                                         "N1|" + packed<TypeParam>("N1", "2", "500", "25")));
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1", "2|N1"));
+  EXPECT_EQ(this->listSums(), "1500;125");
+  EXPECT_EQ(this->line(), "1500;8,33;125");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, AddsARowUnderTheFilerOfTheProfileWithTodaysDate) {
+  TypeParam form;
+  create(form, "N1", filerName, "999999999999999");
+  load(form, "N1", 0);
+  form.aSEQ(1);
+  form.aNTTP("N2");
+  save(form);
+  EXPECT_EQ(
+      this->store.row("SELECT NPWP, KD_FORM, JENIS_DOKUMEN, MS_PAJAK, TH_PAJAK, KD_PEMBETULAN_KE, KD_JENIS_PAJAK, "
+                      "TGL_REKAM, TGL_UBAH, NIP FROM DAT_SSP_PPh22 WHERE NOBUKTI = 'N2'"),
+      std::string(filerNpwp) + "|" + std::string(Kind<TypeParam>::form) + "|" + std::string(Kind<TypeParam>::document) +
+          "|1|2009|0|113|07/02/2009|07/02/2009|");
+  const std::string stored = this->store.row("SELECT DAT_FORM FROM DAT_SSP_PPh22 WHERE NOBUKTI = 'N2'");
+  EXPECT_EQ(stored.substr(0, stored.find(';')), "999999999999999");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, AddsARowWithoutAFilerIfTheProfileNamesNone) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  this->store.run("UPDATE PROFILE SET NPWP = NULL");
+  addBeside<TypeParam>("N1", 1, 2, 500, 25);
+  this->store.run("DELETE * FROM PROFILE");
+  addBeside<TypeParam>("N1", 1, 3, 500, 25);
+  EXPECT_THAT(this->store.rows("SELECT NPWP FROM DAT_SSP_PPh22 WHERE NOBUKTI = 'N1' ORDER BY NPWP"),
+              ElementsAre("", "", filerNpwp));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, AddsNothingIfTheProfileCannotBeRead) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  dropProfile(this->store.path());
+  addBeside<TypeParam>("N1", 1, 2, 500, 25);
+  EXPECT_THAT(this->forms(), SizeIs(1));
+  EXPECT_EQ(this->listSums(), "1000;100");
+  EXPECT_EQ(this->line(), "1000;10;100");
+  EXPECT_THAT(this->messages.texts(), ElementsAre(objectVariableNotSet));
+}
+
+// --- editing --------------------------------------------------------------------------------------------
+
+TYPED_TEST(SelfPaidSave, FindsAFormByItsOldNumberAndSeq) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  form.aNTTP("N9");
+  form.aSEQ(3);
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("N9|" + packed<TypeParam>("N9", "3", "1000", "100")));
+  EXPECT_EQ(this->listSums(), "1000;100");
+  EXPECT_EQ(this->line(), "1000;10;100");
+  // The list row of the old number is replaced by no one.
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1", "3|N9"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, MovesTheSumsByTheDifferenceOfAnEdit) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  add<TypeParam>("N2", 2, 3000, 300);
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  put(form, 400, 20);
+  save(form);
+  EXPECT_EQ(this->listSums(), "3400;320");
+  EXPECT_EQ(this->line(), "3400;9,41;320");
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1", "2|N2"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, KeepsTheDateOfChangeOfARowThatItFinds) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  setToday(Date::fromYmd(2009, 3, 20));
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  put(form, 2000, 200);
+  save(form);
+  EXPECT_EQ(this->store.row("SELECT TGL_REKAM, TGL_UBAH FROM DAT_SSP_PPh22 WHERE NOBUKTI = 'N1'"),
+            "05/02/2009|05/02/2009");
+}
+
+TYPED_TEST(SelfPaidSave, AddsARowIfTheOldValuesAreThoseOfAnotherForm) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  form.aNTTP("N2");
+  form.pAssignOldValues();
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100"),
+                                         "N2|" + packed<TypeParam>("N2", "1", "1000", "100")));
+}
+
+// The stored row is looked for without the filer and written with him. So the form stays as it was, while list and
+// return move.
+TYPED_TEST(SelfPaidSave, FindsAFormWhoseFilerWasChangedButDoesNotWriteIt) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  form.aNPWP("999999999999999");
+  put(form, 3000, 300);
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100")));
+  EXPECT_EQ(this->line(), "3000;10;300");
+}
+
+// On payment 5 the text of the second form reads "...;5;5;1;...", in which the pattern of SEQ 1, "...;5;1;", is found.
+TYPED_TEST(SelfPaidSave, TakesAFormForAnotherWhereThePatternFitsBoth) {
+  add<TypeParam>("5", 1, 1000, 100);
+  addBeside<TypeParam>("5", 1, 5, 1, 0);
+  ASSERT_THAT(this->forms(), SizeIs(2));
+  TypeParam form;
+  beginEdit(form, "5", 1);
+  put(form, 2000, 200);
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("5|" + packed<TypeParam>("5", "1", "2000", "200"),
+                                         "5|" + packed<TypeParam>("5", "1", "2000", "200")));
+  EXPECT_EQ(this->listSums(), "2001;200");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, HoldsNoFormAfterwards) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  form.pUpdate();
+  EXPECT_EQ(form.rs4_2Form(), nullptr);
+  EXPECT_TRUE(this->messages.empty());
+  const auto before = this->store.dump();
+  form.aSEQ(4);
+  form.pUpdate();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(objectVariableNotSet, objectVariableNotSet));
+  EXPECT_EQ(this->store.dump(), before);
+}
+
+// --- the flags ------------------------------------------------------------------------------------------
+
+struct FlagCase {
+  bool add, edit, remove;
+  const char* list;
+  const char* line;
+  bool replacesRow;
+};
+
+// A form of 300 and 30 becomes one of 1000 and 100, beside another of 5000 and 500.
+TYPED_TEST(SelfPaidSave, MovesListAndReturnByTheFlags) {
+  constexpr FlagCase cases[] = {
+      // Without a flag the form and its list row are saved all the same.
+      {.add = false, .edit = false, .remove = false, .list = "5300;530", .line = "5300;10;530", .replacesRow = true},
+      {.add = false, .edit = true, .remove = false, .list = "6000;600", .line = "6000;10;600", .replacesRow = true},
+      // An add counts as the difference from the old values.
+      {.add = true, .edit = false, .remove = false, .list = "6000;600", .line = "6000;10;600", .replacesRow = true},
+      {.add = true, .edit = true, .remove = false, .list = "6000;600", .line = "6000;10;600", .replacesRow = true},
+      // A delete takes the amounts of this moment out of the list, and the old ones out of the return.
+      {.add = false, .edit = false, .remove = true, .list = "4300;430", .line = "5000;10;500", .replacesRow = false},
+      {.add = true, .edit = false, .remove = true, .list = "6000;600", .line = "6000;10;600", .replacesRow = false},
+      {.add = false, .edit = true, .remove = true, .list = "6000;600", .line = "6000;10;600", .replacesRow = false},
+  };
+  for (const FlagCase& flags : cases) {
+    SelfPaidStore fresh;
+    add<TypeParam>("N1", 1, 300, 30);
+    add<TypeParam>("N2", 2, 5000, 500);
+    TypeParam form;
+    beginEdit(form, "N1", 1);
+    form.pAssignStatus(flags.add, flags.edit, flags.remove);
+    put(form, 1000, 100);
+    save(form);
+    EXPECT_EQ(fresh.listSums(Kind<TypeParam>::list), flags.list);
+    EXPECT_EQ(fresh.ofReturn(Kind<TypeParam>::line()), flags.line);
+    const std::string row = fresh.row("SELECT DAT_FORM FROM LAMPIRAN_SSP_PPh22 WHERE SEQ = 1");
+    EXPECT_EQ(row.starts_with("1;2009;1;1000;100;"), flags.replacesRow) << row;
+  }
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, SetsTheRateOfTheReturnWithoutAFlagToo) {
+  add<TypeParam>("N1", 1, 0, 0);
+  this->store.run("UPDATE SETTING_TARIF_PPH SET TARIF_JML_BRUTO = 12.3456");
+  TypeParam form;
+  load(form, "N1", 1);
+  save(form);
+  // 12.3456 gives 12.346 and then 12.34. A transfer has no default rate.
+  const bool hasDefault = Kind<TypeParam>::defaultRate != "0";
+  EXPECT_EQ(this->line(), hasDefault ? "0;12,34;0" : "0;0;0");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// --- failures on the way ----------------------------------------------------------------------------------
+
+// Packing comes before the store is asked, so a text that cannot be packed leaves everything as it was.
+TYPED_TEST(SelfPaidSave, WritesNothingIfTheFormCannotBePacked) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  const auto before = this->store.dump();
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  form.aALM("Jl. A;B");
+  put(form, 2000, 200);
+  form.pUpdate();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(testing::HasSubstr("'ALM' holds ';'")));
+  EXPECT_EQ(form.rs4_2Form(), nullptr);
+  EXPECT_EQ(this->store.dump(), before);
+  // The form is still there and can be saved.
+  form.aALM("Jl. A");
+  form.pUpdate();
+  EXPECT_EQ(this->line(), "2000;10;200");
+}
+
+// The question for the old row is put together before the form is packed.
+TYPED_TEST(SelfPaidSave, TellsOfTheOldNumberBeforeTheOtherTexts) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  form.aNTTP("N'1");
+  form.pAssignOldValues();
+  form.aALM("Jl. A;B");
+  form.pUpdate();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(testing::HasSubstr("N'1")));
+}
+
+// The list fails over a date that cannot be read, but has made its header by then. The form stays, the return moves.
+TYPED_TEST(SelfPaidSave, GoesOnWithTheReturnIfTheListFails) {
+  this->store.run("DELETE * FROM DAT_SSP_PPh22");
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.aTGL_POTONG("tidak tahu");
+  save(form);
+  EXPECT_THAT(this->messages.texts(), ElementsAre(typeMismatch));
+  EXPECT_THAT(this->forms(), SizeIs(1));
+  EXPECT_THAT(this->listed(), IsEmpty());
+  EXPECT_EQ(this->listSums(), "0;0");
+  EXPECT_EQ(this->line(), "1000;10;100");
+}
+
+TYPED_TEST(SelfPaidSave, TellsOfTheListBeforeTheReturn) {
+  this->store.run("DELETE * FROM DS_FORM_INDUK");
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.aTGL_POTONG("tidak tahu");
+  save(form);
+  ASSERT_FALSE(this->messages.empty());
+  EXPECT_EQ(this->messages.texts().front(), typeMismatch);
+  EXPECT_EQ(this->messages.texts()[1], noCurrentRecord);
+  EXPECT_THAT(this->forms(), SizeIs(1));
+}
+
+TYPED_TEST(SelfPaidSave, SavesFormAndListWithoutAReturn) {
+  this->store.run("DELETE * FROM DS_FORM_INDUK");
+  add<TypeParam>("N1", 1, 1000, 100);
+  EXPECT_FALSE(this->messages.empty());
+  EXPECT_THAT(this->forms(), SizeIs(1));
+  EXPECT_EQ(this->listSums(), "1000;100");
+}
+
+TYPED_TEST(SelfPaidSave, MakesAListHeaderThatIsMissing) {
+  this->store.run("DELETE * FROM DAT_SSP_PPh22");
+  add<TypeParam>("N1", 1, 1000, 100);
+  EXPECT_EQ(this->store.row("SELECT * FROM DAT_SSP_PPh22 WHERE NOBUKTI = '-'"),
+            std::string(filerNpwp) + "|" + std::string(Kind<TypeParam>::list) + "|" +
+                std::string(Kind<TypeParam>::listDocument) + "|1|2009|0|-|113|" + std::string(packedStart) +
+                "1000;100|07/02/2009|07/02/2009|");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, MakesAListHeaderWithoutAFilerIfTheProfileIsEmpty) {
+  this->store.run("DELETE * FROM DAT_SSP_PPh22");
+  this->store.run("DELETE * FROM PROFILE");
+  add<TypeParam>("N1", 1, 1000, 100);
+  EXPECT_EQ(this->store.row("SELECT NPWP, DAT_FORM FROM DAT_SSP_PPh22 WHERE NOBUKTI = '-'"), "|;;;1;2009;0;1000;100");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// --- old values and defaults --------------------------------------------------------------------------------
+
+TYPED_TEST(SelfPaidSave, KeepsTheOldValuesThatItReadBeforeOneThatIsNoNumber) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  this->store.run("UPDATE DAT_SSP_PPh22 SET DAT_FORM = '" + packed<TypeParam>("N1", "1", "seribu", "40") +
+                  "' WHERE NOBUKTI = 'N1'");
+  TypeParam form;
+  load(form, "N1", 1);
+  form.pAssignOldValues();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(typeMismatch));
+  form.pAssignStatus(false, true, false);
+  put(form, 1000, 100);
+  save(form);
+  // Number and tax were read, gross and SEQ were not: so the row is not found, and the gross counts whole.
+  EXPECT_THAT(this->forms(), SizeIs(2));
+  EXPECT_EQ(this->line(), "2000;8;160");
+}
+
+TYPED_TEST(SelfPaidSave, ReadsNullsAsNoNumberAndZero) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  this->store.run("UPDATE DAT_SSP_PPh22 SET DAT_FORM = '" + packed<TypeParam>("N1", "1", "", "") +
+                  "' WHERE NOBUKTI = 'N1'");
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  put(form, 200, 20);
+  save(form);
+  EXPECT_EQ(this->listSums(), "1200;120");
+  EXPECT_EQ(this->line(), "1200;10;120");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, ReadsANullNumberAsTheOneOfHeaders) {
+  TypeParam form;
+  create(form, "-");
+  load(form, "-", 0);
+  form.aNTTP(Variant::null());
+  form.pAssignOldValues();
+  form.aNTTP("N1");
+  save(form);
+  // The row of number "-" was found, else there would be two.
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "0", "0", "0")));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, GivesAnUntouchedFormZerosAndNoLocation) {
+  TypeParam form;
+  create(form, "N1");
+  load(form, "N1", 0);
+  form.pAssignOldValues();
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "0", "0", "0")));
+  EXPECT_EQ(this->line(), "0;" + std::string(Kind<TypeParam>::defaultRate) + ";0");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, RoundsNothingInTheForm) {
+  add<TypeParam>("N1", 1, 1000.75, 100.25);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000,75", "100,25")));
+  EXPECT_EQ(this->listSums(), "1000,75;100,25");
+}
+
+// --- the rate of the return ---------------------------------------------------------------------------------
+
+struct RateCase {
+  double gross, tax;
+  const char* line;
+};
+
+TYPED_TEST(SelfPaidSave, SetsTheAverageRateOfItsLine) {
+  constexpr RateCase cases[] = {
+      {.gross = 1000, .tax = 100, .line = "1000;10;100"},
+      // 66.666... gives 66.667 and then 66.66.
+      {.gross = 3, .tax = 2, .line = "3;66,66;2"},
+      // 9.9996 is rounded to 10 before it is cut, and the rate is worked out before the line is made whole.
+      {.gross = 10000, .tax = 999.96, .line = "10000;10;999"},
+      {.gross = 1000, .tax = 0, .line = "1000;0;0"},
+      // A tax on nothing.
+      {.gross = 0, .tax = 55, .line = ""},
+  };
+  for (const RateCase& test : cases) {
+    SelfPaidStore fresh;
+    add<TypeParam>("N1", 1, test.gross, test.tax);
+    const std::string expected =
+        *test.line != '\0' ? test.line : "0;" + std::string(Kind<TypeParam>::defaultRate) + ";55";
+    EXPECT_EQ(fresh.ofReturn(Kind<TypeParam>::line()), expected);
+  }
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// Cutting a rate reads its whole part as a number of 16 bits.
+TYPED_TEST(SelfPaidSave, TellsOfARateThatIsTooGreatAndSetsZero) {
+  add<TypeParam>("N1", 1, 1, 400);
+  EXPECT_EQ(this->line(), "1;0;400");
+  EXPECT_THAT(this->messages.texts(), ElementsAre(std::string(errorText(ErrorNumber::Overflow))));
+}
+
+// Every save makes the line whole, so a line of fractions falls behind its list.
+TYPED_TEST(SelfPaidSave, LosesFractionsInTheReturnAtEverySave) {
+  add<TypeParam>("N1", 1, 10.5, 1.5);
+  add<TypeParam>("N2", 2, 10.5, 1.5);
+  EXPECT_EQ(this->listSums(), "21;3");
+  EXPECT_EQ(this->line(), "20;12,19;2");
+}
+
+// The sums of a list stop at 0, a line of the return does not.
+TYPED_TEST(SelfPaidSave, LetsTheReturnGoBelowZeroAndTheListNot) {
+  add<TypeParam>("N1", 1, -100, -10);
+  EXPECT_EQ(this->listSums(), "0;0");
+  EXPECT_EQ(this->line(), "-100;10;-10");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+}  // namespace
+}  // namespace tarvola::test
