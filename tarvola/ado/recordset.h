@@ -40,17 +40,21 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   std::int32_t get_CursorLocation() const noexcept;
 
   /// Runs a SELECT or SHAPE text and holds its rows. Already open: error 3705. A statement without rows leaves it
-  /// closed.
+  /// closed. The cursor is static whatever is asked for; a lock is read-only (1) or optimistic (3, and 2 is taken for
+  /// it). Rows that only UpdateBatch would send (4) are not kept: error 3251.
   void Open(std::string_view source, const ConnectionPtr& connection, std::int32_t cursorType = adOpenStatic,
             std::int32_t lockType = adLockOptimistic, std::int32_t options = adCmdUnspecified);
+  /// Error 3219 while a row is being edited that the store has not got yet, in a chapter too. Closes the chapters.
   void Close();
+  /// adStateClosed also after the connection was closed behind it.
   std::int32_t get_State() const noexcept;
 
   bool get_BOF() const;
   bool get_EOF() const;
   /// Rows that the filter shows.
   std::int32_t get_RecordCount() const;
-  /// Counted from 1 among the visible rows; -1 without rows, -2 at BOF, -3 at EOF.
+  /// Counted from 1 among the visible rows; -1 without rows and on a row that was removed or has left the filter, -2 at
+  /// BOF, -3 at EOF.
   std::int32_t get_AbsolutePosition() const;
   std::int32_t get_EditMode() const;
 
@@ -67,17 +71,23 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
 
   /// A new row at the end, current and counted at once; written by the next Update.
   void AddNew();
+  /// Sends the row being edited or added. If the store refuses, it stays current and in edit mode with its new values,
+  /// and no move leaves it before an Update that succeeds or a CancelUpdate.
   void Update();
+  /// Brings back what the row held; a row being added goes, and the row of before is current. Nothing pending: 3219.
   void CancelUpdate();
   /// Removes the current row from the store at once. The cursor stays on the dead row until a move.
   void Delete(std::int32_t affect = adAffectCurrent);
   /// Sends the row being edited or added; nothing else can be pending.
   void UpdateBatch(std::int32_t affect = adAffectAll);
-  /// Reads the same text anew; a criteria filter is applied again.
+  /// Reads the same text anew; a criteria filter is applied again. Chapters that were handed out are closed. Error 3219
+  /// while a row is being edited or added, 3251 for rows without a text (made in memory, or a snapshot).
   void Requery(std::int32_t options = adCmdUnspecified);
 
   /// A criteria text ("KD_FORM = 'F113309' AND NOBUKTI = '000001/PPH4'"), or 0 or "" for all rows. The first row that
-  /// matches becomes current. A text that is no criteria: error 3001.
+  /// matches becomes current. The filter lives: a row that no longer matches once it is updated leaves the visible
+  /// rows, but stays current until a move. A text that is no criteria: error 3001, an unknown field 3265; the filter of
+  /// before then stands.
   void put_Filter(const Variant& criteria);
   Variant get_Filter() const;
 

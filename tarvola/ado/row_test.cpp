@@ -145,17 +145,17 @@ bool RowTest::holds(const Cell& cell) const {
   }
   switch (comparison_) {
     case FilterOperator::Equal:
-      return order(cell) == 0;
+      return std::is_eq(order(cell));
     case FilterOperator::NotEqual:
-      return order(cell) != 0;
+      return std::is_neq(order(cell));
     case FilterOperator::Less:
-      return order(cell) < 0;
+      return std::is_lt(order(cell));
     case FilterOperator::LessOrEqual:
-      return order(cell) <= 0;
+      return std::is_lteq(order(cell));
     case FilterOperator::Greater:
-      return order(cell) > 0;
+      return std::is_gt(order(cell));
     case FilterOperator::GreaterOrEqual:
-      return order(cell) >= 0;
+      return std::is_gteq(order(cell));
     default:
       break;
   }

@@ -31,6 +31,7 @@ std::vector<ShapeRelation> parentRelation(const Rows& parents, const ShapeChildT
 RowsPtr runForKeys(const PlainSelect& select, const std::vector<std::string>& conditions, Session& session) {
   if (conditions.empty()) return runSelect(withCondition(select, "1 = 0"), session);
   std::vector<RowsPtr> parts;
+  parts.reserve(conditions.size());
   for (const std::string& condition : conditions) parts.push_back(runSelect(withCondition(select, condition), session));
   return parts.size() == 1 ? parts.front() : std::make_shared<ChainedRows>(std::move(parts));
 }

@@ -15,6 +15,7 @@ class TextArena {
  public:
   /// A copy of the text that stays valid for the life of the arena.
   std::string_view keep(std::string_view text) {
+    if (text.empty()) return "";
     if (text.size() > room_) addBlock(text.size());
     char* const place = next_;
     std::memcpy(place, text.data(), text.size());

@@ -19,8 +19,8 @@ constexpr std::array table{
 
 std::shared_ptr<Session> openAnew(std::string_view connectionText) {
   const ConnectionText text = readConnectionText(connectionText);
-  const auto found = std::ranges::find_if(table, [&](const Engine& engine) { return engine.serves(text); });
-  if (found == table.end()) fail(ErrorNumber::Unspecified, unknownDataSourceText());
+  const auto found = std::ranges::find_if(engines(), [&](const Engine& engine) { return engine.serves(text); });
+  if (found == engines().end()) fail(ErrorNumber::Unspecified, unknownDataSourceText());
   return found->open(text);
 }
 

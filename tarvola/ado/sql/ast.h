@@ -57,9 +57,9 @@ struct Expression {
   QueryPtr query;
 
   // Found by the checker.
-  const Source* table = nullptr;    // of a name: where it was found
-  const Column* column = nullptr;   // and which column it is
-  const Column* year = nullptr;     // of a comparison of a period with its text: the column of the year
+  const Source* table = nullptr;   // of a name: where it was found
+  const Column* column = nullptr;  // and which column it is
+  const Column* year = nullptr;    // of a comparison of a period with its text: the column of the year
   const FunctionRow* function = nullptr;
   Family family = Family::Any;
   ColumnType type = ColumnType::Any;
@@ -129,14 +129,15 @@ struct Select {
   // Found by the checker.
   std::vector<const Source*> sources;
   std::vector<OutputColumn> columns;
-  bool aggregated = false;  // has GROUP BY or an aggregate
+  bool aggregated = false;  // has GROUP BY, HAVING or an aggregate
+  bool onlyHaving = false;  // HAVING alone, with neither GROUP BY nor an aggregate
   bool qualified = false;   // whether names are written with their table in front
 };
 
 /// One SELECT, or several joined by UNION. The ORDER BY of a union stands in its last part.
 struct Query {
   std::vector<std::unique_ptr<Select>> parts;
-  bool distinctRows = false;  // one UNION without ALL makes the whole distinct
+  bool distinctRows = false;    // one UNION without ALL makes the whole distinct
   bool orderedAsWhole = false;  // found by the checker: the last ORDER BY sorts all parts together
 };
 

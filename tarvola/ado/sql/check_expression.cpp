@@ -21,7 +21,8 @@ void setType(Expression& expression, ColumnType type) {
 
 const Column* findColumn(const Source& source, std::string_view name) {
   const auto& columns = source.allColumns();
-  const auto found = std::ranges::find_if(columns, [name](const Column& column) { return sameName(column.name, name); });
+  const auto found =
+      std::ranges::find_if(columns, [name](const Column& column) { return sameName(column.name, name); });
   return found == columns.end() ? nullptr : &*found;
 }
 
@@ -36,32 +37,41 @@ void Checker::checkExpression(Expression& expression, const Scope& scope) {
   for (const ExpressionPtr& operand : expression.operands) checkExpression(*operand, scope);
   if (expression.query) checkSubquery(expression, scope);
   switch (expression.kind) {
-    case ExpressionKind::Literal: return checkLiteral(expression);
-    case ExpressionKind::Name: return checkName(expression, scope);
-    case ExpressionKind::Negate: return setType(expression, ColumnType::Any), void(expression.family = Family::Number);
-    case ExpressionKind::Chain: return checkChain(expression);
-    case ExpressionKind::Comparison: return checkComparison(expression);
+    case ExpressionKind::Literal:
+      return checkLiteral(expression);
+    case ExpressionKind::Name:
+      return checkName(expression, scope);
+    case ExpressionKind::Negate:
+      expression.family = Family::Number;
+      return;
+    case ExpressionKind::Chain:
+      return checkChain(expression);
+    case ExpressionKind::Comparison:
+      checkComparison(expression);
+      break;
     case ExpressionKind::InList:
-    case ExpressionKind::Between: checkOperandsAgree(expression); [[fallthrough]];
-    case ExpressionKind::Boolean:
-    case ExpressionKind::Not:
-    case ExpressionKind::InQuery:
-    case ExpressionKind::Like:
-    case ExpressionKind::IsNull:
-    case ExpressionKind::Exists: return setType(expression, ColumnType::Boolean);
+    case ExpressionKind::Between:
+      checkOperandsAgree(expression);
+      break;
     case ExpressionKind::Null:
     case ExpressionKind::AllRows:
     case ExpressionKind::Subquery:
-    case ExpressionKind::Call: return;
+      return;
+    default:
+      break;
   }
+  setType(expression, ColumnType::Boolean);
 }
 
 // The digits of a number decide whether it is whole, and they are no part of the shape: its type stays open.
 void Checker::checkLiteral(Expression& expression) const {
   switch (expression.literal.kind) {
-    case LiteralKind::Text: return setType(expression, ColumnType::Text);
-    case LiteralKind::Date: return setType(expression, ColumnType::Date);
-    case LiteralKind::Number: expression.family = Family::Number;
+    case LiteralKind::Text:
+      return setType(expression, ColumnType::Text);
+    case LiteralKind::Date:
+      return setType(expression, ColumnType::Date);
+    case LiteralKind::Number:
+      expression.family = Family::Number;
   }
 }
 
@@ -108,18 +118,18 @@ void Checker::checkChain(Expression& expression) const {
 
 void Checker::checkComparison(Expression& expression) {
   if (!isPeriod(expression)) checkOperandsAgree(expression);
-  setType(expression, ColumnType::Boolean);
 }
 
 // MsPjk = '012009' asks for January 2009: the quoted text holds month and year of the payment.
 bool Checker::isPeriod(Expression& expression) const {
   if (expression.operators.front() != Operator::Equal) return false;
-  if (isTextLiteral(*expression.operands[0])) std::swap(expression.operands[0], expression.operands[1]);
-  const Expression& month = *expression.operands[0];
+  const bool isTurned = isTextLiteral(*expression.operands[0]);
+  const Expression& month = *expression.operands[isTurned ? 1 : 0];
   const bool comparesMonth = month.kind == ExpressionKind::Name && month.column != nullptr &&
                              sameName(month.column->name, monthColumn) && isWhole(month.type) &&
-                             isTextLiteral(*expression.operands[1]);
+                             isTextLiteral(*expression.operands[isTurned ? 0 : 1]);
   if (comparesMonth) expression.year = findColumn(*month.table, yearColumn);
+  if (expression.year != nullptr && isTurned) std::swap(expression.operands[0], expression.operands[1]);
   return expression.year != nullptr;
 }
 

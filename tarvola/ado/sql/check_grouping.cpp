@@ -26,8 +26,8 @@ void Checker::checkGrouping(Select& select) {
 }
 
 void Checker::requireGrouped(const Select& select, const Expression& expression) {
-  const bool isWhole = std::ranges::any_of(
-      select.groupBy, [&](const ExpressionPtr& by) { return sameExpression(*by, expression); });
+  const bool isWhole =
+      std::ranges::any_of(select.groupBy, [&](const ExpressionPtr& by) { return sameExpression(*by, expression); });
   const bool isAggregateCall = expression.function != nullptr && expression.function->isAggregate;
   if (isWhole || isAggregateCall) return;
   const bool isOwnName = expression.kind == ExpressionKind::Name && expression.table != nullptr &&
@@ -53,9 +53,9 @@ bool Checker::sameExpression(const Expression& left, const Expression& right) {
                           left.function == right.function && left.operators == right.operators &&
                           left.operands.size() == right.operands.size();
   if (!isSameNode || (left.kind == ExpressionKind::Name && left.column == nullptr)) return false;
-  return std::ranges::equal(left.operands, right.operands, [this](const ExpressionPtr& one, const ExpressionPtr& other) {
-    return sameExpression(*one, *other);
-  });
+  return std::ranges::equal(
+      left.operands, right.operands,
+      [this](const ExpressionPtr& one, const ExpressionPtr& other) { return sameExpression(*one, *other); });
 }
 
 }  // namespace tarvola::ado::sql

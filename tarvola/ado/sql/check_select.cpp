@@ -113,6 +113,7 @@ void Checker::checkSelect(Select& select, const Scope* outer, bool ownOrder) {
   scope.refusesAggregatesIn = {};
   if (select.having) checkExpression(*select.having, scope);
   if (ownOrder) checkOrder(select, scope);
+  select.onlyHaving = select.having != nullptr && select.groupBy.empty() && !select.aggregated;
   select.aggregated |= !select.groupBy.empty() || select.having != nullptr;
   if (select.aggregated) checkGrouping(select);
 }

@@ -9,7 +9,8 @@ namespace tarvola::ado::sql {
 namespace {
 
 const Column* findColumn(const std::vector<Column>& columns, std::string_view name) {
-  const auto found = std::ranges::find_if(columns, [name](const Column& column) { return sameName(column.name, name); });
+  const auto found =
+      std::ranges::find_if(columns, [name](const Column& column) { return sameName(column.name, name); });
   return found == columns.end() ? nullptr : &*found;
 }
 

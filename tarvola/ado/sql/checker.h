@@ -18,9 +18,9 @@ struct Scope {
 
 /// Looks up the names of a statement in the store's tables and checks that the types of its values go together.
 ///
-/// Faults are told in the platform's order: tables that do not exist, then functions and fields that can mean nothing or
-/// two things, then the number of values, then names that nobody knows (they count as parameters without a value), and
-/// types that clash last.
+/// Faults are told in the platform's order: tables that do not exist, then functions and fields that can mean nothing
+/// or two things, then the number of values, then names that nobody knows (they count as parameters without a value),
+/// and types that clash last.
 class Checker {
  public:
   explicit Checker(const Catalog& catalog) : catalog_(catalog) {}

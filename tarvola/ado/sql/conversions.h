@@ -8,9 +8,12 @@ namespace tarvola::ado::sql {
 /// What a literal becomes where it stands for itself.
 constexpr Conversion asItStands(LiteralKind kind) {
   switch (kind) {
-    case LiteralKind::Text: return Conversion::Text;
-    case LiteralKind::Number: return Conversion::Number;
-    case LiteralKind::Date: break;
+    case LiteralKind::Text:
+      return Conversion::Text;
+    case LiteralKind::Number:
+      return Conversion::Number;
+    case LiteralKind::Date:
+      break;
   }
   return Conversion::Date;
 }
@@ -29,22 +32,18 @@ constexpr AssignmentRow assignmentRow(ColumnType target) {
             .fromDate = Conversion::DateToNumber};
   switch (familyOf(target)) {
     case Family::Text:
-      return {.fromText = Conversion::Text,
-              .fromNumber = Conversion::NumberToText,
-              .fromDate = Conversion::DateToText};
+      return {.fromText = Conversion::Text, .fromNumber = Conversion::NumberToText, .fromDate = Conversion::DateToText};
     case Family::Number:
-      return {.fromText = Conversion::TextToNumber,
-              .fromNumber = Conversion::Number,
-              .fromDate = Conversion::DateToNumber};
+      return {
+          .fromText = Conversion::TextToNumber, .fromNumber = Conversion::Number, .fromDate = Conversion::DateToNumber};
     case Family::Boolean:
       return {.fromText = Conversion::TextToBoolean,
               .fromNumber = Conversion::NumberToBoolean,
               .fromDate = Conversion::DateToNumber};
     case Family::Date:
-      return {.fromText = Conversion::TextToDate,
-              .fromNumber = Conversion::NumberToDate,
-              .fromDate = Conversion::Date};
-    case Family::Any: break;
+      return {.fromText = Conversion::TextToDate, .fromNumber = Conversion::NumberToDate, .fromDate = Conversion::Date};
+    case Family::Any:
+      break;
   }
   return {.fromText = Conversion::Text, .fromNumber = Conversion::Number, .fromDate = Conversion::Date};
 }
@@ -52,9 +51,12 @@ constexpr AssignmentRow assignmentRow(ColumnType target) {
 constexpr Conversion assigned(LiteralKind kind, ColumnType target) {
   const AssignmentRow row = assignmentRow(target);
   switch (kind) {
-    case LiteralKind::Text: return row.fromText;
-    case LiteralKind::Number: return row.fromNumber;
-    case LiteralKind::Date: break;
+    case LiteralKind::Text:
+      return row.fromText;
+    case LiteralKind::Number:
+      return row.fromNumber;
+    case LiteralKind::Date:
+      break;
   }
   return row.fromDate;
 }

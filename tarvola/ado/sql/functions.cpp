@@ -99,11 +99,16 @@ std::string_view conversionFunction(Family from, ColumnType fromType, ColumnType
   if (isWhole(to) && from == Family::Number) return isWhole(fromType) ? std::string_view{} : "tv_clng";
   if (target == from || (target == Family::Number && from == Family::Boolean)) return {};
   switch (target) {
-    case Family::Text: return from == Family::Date ? "tv_datetext" : "tv_cstr";
-    case Family::Number: return from == Family::Date ? "tv_serial" : isWhole(to) ? "tv_clng" : "tv_cdbl";
-    case Family::Boolean: return from == Family::Date ? std::string_view{} : "tv_cbool";
-    case Family::Date: return from == Family::Text ? "tv_cdate" : "tv_date";
-    case Family::Any: break;
+    case Family::Text:
+      return from == Family::Date ? "tv_datetext" : "tv_cstr";
+    case Family::Number:
+      return from == Family::Date ? "tv_serial" : isWhole(to) ? "tv_clng" : "tv_cdbl";
+    case Family::Boolean:
+      return from == Family::Date ? std::string_view{} : "tv_cbool";
+    case Family::Date:
+      return from == Family::Text ? "tv_cdate" : "tv_date";
+    case Family::Any:
+      break;
   }
   return {};
 }

@@ -24,8 +24,8 @@ struct FunctionRow {
   std::string_view arguments;  // one ArgumentKind for each
   std::string_view engine;     // {1} stands for the first argument
   ColumnType type = ColumnType::Any;
-  std::size_t typeFrom = 0;                // the argument (from 1) whose type the result has; 0: `type` says it
-  Family onlyForFirst = Family::Any;       // the row holds only for a first argument of that family
+  std::size_t typeFrom = 0;           // the argument (from 1) whose type the result has; 0: `type` says it
+  Family onlyForFirst = Family::Any;  // the row holds only for a first argument of that family
   bool isAggregate = false;
   bool isCondition = false;  // gives the engine's truth value, not -1 and 0
 };

@@ -5,7 +5,9 @@
 namespace tarvola::ado::sql {
 namespace {
 
-bool isCapital(std::string_view character) { return character.size() == 1 && character[0] >= 'A' && character[0] <= 'Z'; }
+bool isCapital(std::string_view character) {
+  return character.size() == 1 && character[0] >= 'A' && character[0] <= 'Z';
+}
 bool isSmall(std::string_view character) { return character.size() == 1 && character[0] >= 'a' && character[0] <= 'z'; }
 
 /// Reads the members of a set and writes them for both cases.

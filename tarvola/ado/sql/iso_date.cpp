@@ -53,11 +53,10 @@ std::string isoDate(Date date) {
 
 void appendIsoDate(std::string& out, Date date) {
   std::array<char, 40> form{};
-  const int length = date.hasTime()
-                         ? std::snprintf(form.data(), form.size(), "%04d-%02d-%02d %02d:%02d:%02d", date.year(),
-                                         date.month(), date.day(), date.hour(), date.minute(), date.second())
-                         : std::snprintf(form.data(), form.size(), "%04d-%02d-%02d", date.year(), date.month(),
-                                         date.day());
+  const int length =
+      date.hasTime() ? std::snprintf(form.data(), form.size(), "%04d-%02d-%02d %02d:%02d:%02d", date.year(),
+                                     date.month(), date.day(), date.hour(), date.minute(), date.second())
+                     : std::snprintf(form.data(), form.size(), "%04d-%02d-%02d", date.year(), date.month(), date.day());
   out.append(form.data(), static_cast<std::size_t>(length));
 }
 

@@ -12,8 +12,7 @@
 namespace tarvola::ado::sql {
 namespace {
 
-constexpr std::string_view capitals =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZŒŠŸŽÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞ";
+constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZŒŠŸŽÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞ";
 
 /// The capitals and their small letters, character by character: a small letter is as long as its capital.
 struct Letters {

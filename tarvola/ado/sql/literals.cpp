@@ -62,7 +62,8 @@ Cell textCell(std::string_view text, std::string& scratch) {
   return Cell::text(scratch);
 }
 
-// A whole number is handed on as such, so that a column of the result without a type of its own shows "0" and not "0.0".
+// A whole number is handed on as such, so that a column of the result without a type of its own shows "0" and not
+// "0.0".
 Cell number(const Literal& literal, std::string&) {
   std::int32_t whole = 0;
   const char* end = literal.text.data() + literal.text.size();
@@ -91,8 +92,8 @@ std::int32_t periodOf(const Literal& literal) {
   std::int32_t period = 0;
   const char* end = literal.text.data() + literal.text.size();
   const auto read = std::from_chars(literal.text.data(), end, period);
-  const bool isPeriod = read.ec == std::errc() && read.ptr == end && literal.text.size() == 6 && period >= 10000 &&
-                        period / 10000 <= 12;
+  const bool isPeriod =
+      read.ec == std::errc() && read.ptr == end && literal.text.size() == 6 && period >= 10000 && period / 10000 <= 12;
   if (!isPeriod) failMismatch();
   return period;
 }
@@ -154,11 +155,13 @@ constexpr auto conversionRows = std::to_array<ConversionRow>({
     {Conversion::DateToNumber, dateToNumber},
 });
 
-static_assert([] {
-  for (std::size_t place = 0; place < conversionRows.size(); ++place)
-    if (conversionRows[place].conversion != static_cast<Conversion>(place)) return false;
-  return conversionRows.size() == static_cast<std::size_t>(Conversion::DateToNumber) + 1;
-}(), "each conversion stands in its own place");
+static_assert(
+    [] {
+      for (std::size_t place = 0; place < conversionRows.size(); ++place)
+        if (conversionRows[place].conversion != static_cast<Conversion>(place)) return false;
+      return conversionRows.size() == static_cast<std::size_t>(Conversion::DateToNumber) + 1;
+    }(),
+    "each conversion stands in its own place");
 
 }  // namespace
 

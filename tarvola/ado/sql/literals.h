@@ -18,8 +18,8 @@ void appendIsoDate(std::string& out, Date date);
 /// The date of a text in exactly that form; nothing for any other text.
 std::optional<Date> readIsoDate(std::string_view text) noexcept;
 
-/// The value of a literal, converted. Not convertible: error -2147217913 "Data type mismatch in criteria expression."; a
-/// date literal that is no date: -2147217900 "Syntax error in date in query expression '#...#'."
+/// The value of a literal, converted. Not convertible: error -2147217913 "Data type mismatch in criteria expression.";
+/// a date literal that is no date: -2147217900 "Syntax error in date in query expression '#...#'."
 Variant convertLiteral(const Literal& literal, Conversion conversion);
 
 /// The same without memory of its own: a text points into the literal, or into `scratch` if it had to be rewritten

@@ -56,10 +56,12 @@ inline constexpr auto operatorRows = std::to_array<OperatorRow>({
 
 constexpr const OperatorRow& rowOf(Operator op) { return operatorRows[static_cast<std::size_t>(op)]; }
 
-static_assert([] {
-  for (std::size_t place = 0; place < operatorRows.size(); ++place)
-    if (operatorRows[place].op != static_cast<Operator>(place)) return false;
-  return operatorRows.size() == static_cast<std::size_t>(Operator::Power) + 1;
-}(), "each operator stands in its own place");
+static_assert(
+    [] {
+      for (std::size_t place = 0; place < operatorRows.size(); ++place)
+        if (operatorRows[place].op != static_cast<Operator>(place)) return false;
+      return operatorRows.size() == static_cast<std::size_t>(Operator::Power) + 1;
+    }(),
+    "each operator stands in its own place");
 
 }  // namespace tarvola::ado::sql

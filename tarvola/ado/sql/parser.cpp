@@ -10,18 +10,17 @@ namespace tarvola::ado::sql {
 namespace {
 
 constexpr auto reservedWords = std::to_array<std::string_view>({
-    "ALL",   "AND",    "AS",   "ASC",    "BETWEEN", "BY", "DELETE", "DESC",  "DISTINCT", "DISTINCTROW", "EXISTS",
-    "FROM",  "GROUP",  "HAVING", "IN",   "INNER",   "INSERT", "INTO", "IS",  "JOIN",     "LEFT",        "LIKE",
-    "MOD",   "NOT",    "NULL", "ON",     "OR",      "ORDER",  "RIGHT", "SELECT", "SET",  "UNION",       "UPDATE",
-    "VALUES", "WHERE",
+    "ALL",         "AND",    "AS",     "ASC",   "BETWEEN", "BY",     "DELETE", "DESC",   "DISTINCT",
+    "DISTINCTROW", "EXISTS", "FROM",   "GROUP", "HAVING",  "IN",     "INNER",  "INSERT", "INTO",
+    "IS",          "JOIN",   "LEFT",   "LIKE",  "MOD",     "NOT",    "NULL",   "ON",     "OR",
+    "ORDER",       "RIGHT",  "SELECT", "SET",   "UNION",   "UPDATE", "VALUES", "WHERE",
 });
 
 // They may name a column, but not a result.
 constexpr auto refusedAliases = std::to_array<std::string_view>({"ACTION", "DATE", "LEVEL", "MONEY", "VALUE"});
 
 // The words that begin the next clause, so that what came before them is over.
-constexpr auto clauseWords =
-    std::to_array<std::string_view>({"FROM", "WHERE", "GROUP", "HAVING", "ORDER", "UNION"});
+constexpr auto clauseWords = std::to_array<std::string_view>({"FROM", "WHERE", "GROUP", "HAVING", "ORDER", "UNION"});
 
 bool isAmong(std::string_view word, std::span<const std::string_view> words) {
   return std::ranges::any_of(words, [word](std::string_view other) { return sameName(word, other); });
@@ -115,10 +114,14 @@ void Parser::requireFollower(std::initializer_list<std::string_view> followers) 
 
 void Parser::failAtToken() {
   switch (peek().kind) {
-    case TokenKind::OpenText: failSyntax(openQuoteText(echo()));
-    case TokenKind::OpenDate: failSyntax(badDateLiteralText(echo()));
-    case TokenKind::OpenName: failSyntax(missingParenthesisText(echo()));
-    default: failSyntax(isSign(")") ? extraParenthesisText(echo()) : missingOperatorText(echo()));
+    case TokenKind::OpenText:
+      failSyntax(openQuoteText(echo()));
+    case TokenKind::OpenDate:
+      failSyntax(badDateLiteralText(echo()));
+    case TokenKind::OpenName:
+      failSyntax(missingParenthesisText(echo()));
+    default:
+      failSyntax(isSign(")") ? extraParenthesisText(echo()) : missingOperatorText(echo()));
   }
 }
 

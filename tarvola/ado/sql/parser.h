@@ -90,6 +90,8 @@ class Parser {
   ExpressionPtr negation();
   ExpressionPtr predicate();
   bool continuePredicate(ExpressionPtr& left);
+  ExpressionPtr comparisonWith(ExpressionKind kind, ExpressionPtr left);
+  ExpressionPtr nullPredicate(ExpressionPtr operand);
   ExpressionPtr inPredicate(ExpressionPtr left);
   ExpressionPtr betweenPredicate(ExpressionPtr left);
   ExpressionPtr arithmetic(Binding loosest);

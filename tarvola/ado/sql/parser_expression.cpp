@@ -11,8 +11,8 @@ constexpr Binding tighter(Binding binding) { return static_cast<Binding>(static_
 
 /// Adds an operand to a chain of the same binding, or makes a chain of two.
 void lengthen(ExpressionPtr& chain, Operator op, ExpressionPtr operand) {
-  const bool continues = chain->kind == ExpressionKind::Chain &&
-                         rowOf(chain->operators.front()).binding == rowOf(op).binding;
+  const bool continues =
+      chain->kind == ExpressionKind::Chain && rowOf(chain->operators.front()).binding == rowOf(op).binding;
   if (!continues) {
     auto longer = std::make_unique<Expression>();
     longer->kind = ExpressionKind::Chain;
@@ -33,7 +33,9 @@ ExpressionPtr Parser::node(ExpressionKind kind, std::size_t firstToken) {
   return made;
 }
 
-void Parser::finish(Expression& expression, std::size_t firstToken) const { expression.source = sourceFrom(firstToken); }
+void Parser::finish(Expression& expression, std::size_t firstToken) const {
+  expression.source = sourceFrom(firstToken);
+}
 
 ExpressionPtr Parser::expression() {
   const Nesting nesting(*this);
@@ -77,32 +79,38 @@ bool Parser::continuePredicate(ExpressionPtr& left) {
   const bool negated = isWord("NOT") && (isWord("IN", 1) || isWord("BETWEEN", 1) || isWord("LIKE", 1));
   if (negated) take();
   const OperatorRow* row = operatorHere();
-  ExpressionPtr made;
   if (takeWord("IN")) {
-    made = inPredicate(std::move(left));
+    left = inPredicate(std::move(left));
   } else if (takeWord("BETWEEN")) {
-    made = betweenPredicate(std::move(left));
+    left = betweenPredicate(std::move(left));
   } else if (takeWord("LIKE")) {
-    made = node(ExpressionKind::Like, at_);
-    made->operands.push_back(std::move(left));
-    made->operands.push_back(arithmetic(Binding::Join));
+    left = comparisonWith(ExpressionKind::Like, std::move(left));
   } else if (takeWord("IS")) {
-    made = node(ExpressionKind::IsNull, at_);
-    made->negated = takeWord("NOT");
-    if (!takeWord("NULL")) failAtToken();
-    made->operands.push_back(std::move(left));
+    left = nullPredicate(std::move(left));
   } else if (row != nullptr && row->binding == Binding::Compare) {
     take();
-    made = node(ExpressionKind::Comparison, at_);
-    made->operators.push_back(row->op);
-    made->operands.push_back(std::move(left));
-    made->operands.push_back(arithmetic(Binding::Join));
+    left = comparisonWith(ExpressionKind::Comparison, std::move(left));
+    left->operators.push_back(row->op);
   } else {
     return false;
   }
-  made->negated |= negated;
-  left = std::move(made);
+  left->negated |= negated;
   return true;
+}
+
+ExpressionPtr Parser::comparisonWith(ExpressionKind kind, ExpressionPtr left) {
+  ExpressionPtr made = node(kind, at_);
+  made->operands.push_back(std::move(left));
+  made->operands.push_back(arithmetic(Binding::Join));
+  return made;
+}
+
+ExpressionPtr Parser::nullPredicate(ExpressionPtr operand) {
+  ExpressionPtr made = node(ExpressionKind::IsNull, at_);
+  made->negated = takeWord("NOT");
+  if (!takeWord("NULL")) failAtToken();
+  made->operands.push_back(std::move(operand));
+  return made;
 }
 
 ExpressionPtr Parser::inPredicate(ExpressionPtr left) {
@@ -130,8 +138,8 @@ ExpressionPtr Parser::betweenPredicate(ExpressionPtr left) {
 
 const OperatorRow* Parser::operatorHere() const {
   if (peek().kind != TokenKind::Sign && !isWord("MOD")) return nullptr;
-  const auto found =
-      std::ranges::find_if(operatorRows, [this](const OperatorRow& row) { return sameName(row.spelling, peek().text); });
+  const auto found = std::ranges::find_if(
+      operatorRows, [this](const OperatorRow& row) { return sameName(row.spelling, peek().text); });
   return found == operatorRows.end() ? nullptr : &*found;
 }
 
@@ -163,9 +171,12 @@ ExpressionPtr Parser::primary() {
   switch (peek().kind) {
     case TokenKind::Text:
     case TokenKind::Number:
-    case TokenKind::Date: return literal();
-    case TokenKind::Sign: return isSign("(") ? parenthesised() : isSign("{") ? escapedDate() : name();
-    default: return name();
+    case TokenKind::Date:
+      return literal();
+    case TokenKind::Sign:
+      return isSign("(") ? parenthesised() : isSign("{") ? escapedDate() : name();
+    default:
+      return name();
   }
 }
 

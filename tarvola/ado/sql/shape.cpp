@@ -41,12 +41,18 @@ class ShapeReader {
   void step() {
     switch (classOf(*at_)) {
       case CharacterClass::Plain:
-      case CharacterClass::Word: return;
-      case CharacterClass::Digit: return digit();
-      case CharacterClass::Quote: return text();
-      case CharacterClass::Hash: return date();
-      case CharacterClass::Name: return name();
-      case CharacterClass::Foreign: return replace(at_, at_ + 1, foreignMark);
+      case CharacterClass::Word:
+        return;
+      case CharacterClass::Digit:
+        return digit();
+      case CharacterClass::Quote:
+        return text();
+      case CharacterClass::Hash:
+        return date();
+      case CharacterClass::Name:
+        return name();
+      case CharacterClass::Foreign:
+        return replace(at_, at_ + 1, foreignMark);
     }
   }
 

@@ -1,5 +1,7 @@
 #include "tarvola/ado/sql/tokenizer.h"
 
+#include <algorithm>
+
 #include "tarvola/ado/sql/scan.h"
 
 namespace tarvola::ado::sql {
@@ -24,13 +26,20 @@ class Tokenizer {
 
   Token next() {
     switch (classOf(*at_)) {
-      case CharacterClass::Word: return plain(TokenKind::Word, wordEnd(at_, end_));
-      case CharacterClass::Digit: return number();
-      case CharacterClass::Quote: return fenced(closingQuote(at_, end_), TokenKind::Text, TokenKind::OpenText);
-      case CharacterClass::Hash: return fenced(closingHash(at_, end_), TokenKind::Date, TokenKind::OpenDate);
-      case CharacterClass::Name: return fenced(closingBracket(at_, end_), TokenKind::Name, TokenKind::OpenName);
-      case CharacterClass::Foreign: return plain(TokenKind::Foreign, at_ + 1);
-      case CharacterClass::Plain: break;
+      case CharacterClass::Word:
+        return plain(TokenKind::Word, wordEnd(at_, end_));
+      case CharacterClass::Digit:
+        return number();
+      case CharacterClass::Quote:
+        return fenced(closingQuote(at_, end_), TokenKind::Text, TokenKind::OpenText);
+      case CharacterClass::Hash:
+        return fenced(closingHash(at_, end_), TokenKind::Date, TokenKind::OpenDate);
+      case CharacterClass::Name:
+        return fenced(closingBracket(at_, end_), TokenKind::Name, TokenKind::OpenName);
+      case CharacterClass::Foreign:
+        return plain(TokenKind::Foreign, at_ + 1);
+      case CharacterClass::Plain:
+        break;
     }
     return pointBegins() ? number() : plain(TokenKind::Sign, at_ + signLength());
   }
@@ -58,9 +67,16 @@ class Tokenizer {
     if (closing == nullptr) return plain(open, end_);
     Token token = plain(closed, closing + 1);
     token.text = token.source.substr(1, token.source.size() - 2);
-    if (closed != TokenKind::Name) token.literal = literals_++;
+    if (closed != TokenKind::Name) {
+      token.literal = literals_++;
+    } else if (std::ranges::any_of(token.text, isForeign)) {
+      token.kind = TokenKind::Foreign;
+    }
     return token;
   }
+
+  // A name goes into the engine's text, where a control character could end it.
+  static bool isForeign(char character) { return classOf(character) == CharacterClass::Foreign; }
 
   const char* begin_;
   const char* at_;

@@ -8,17 +8,17 @@
 namespace tarvola::ado::sql {
 
 enum class TokenKind : std::uint8_t {
-  Word,       // a bare name or a word of the language
-  Name,       // a name in brackets, back-quotes or double quotes
-  Text,       // '...'
-  Number,     // 4, 1.5, 1E+15
-  Date,       // #...#
-  Sign,       // an operator or a mark of punctuation
-  OpenText,   // a quote that nothing closes; it runs to the end of the statement
-  OpenDate,   // likewise
-  OpenName,   // likewise
-  Foreign,    // a character that no statement holds
-  End,        // behind the last token
+  Word,      // a bare name or a word of the language
+  Name,      // a name in brackets, back-quotes or double quotes
+  Text,      // '...'
+  Number,    // 4, 1.5, 1E+15
+  Date,      // #...#
+  Sign,      // an operator or a mark of punctuation
+  OpenText,  // a quote that nothing closes; it runs to the end of the statement
+  OpenDate,  // likewise
+  OpenName,  // likewise
+  Foreign,   // a character that no statement holds
+  End,       // behind the last token
 };
 
 struct Token {

@@ -12,14 +12,19 @@ enum class Family : std::uint8_t { Any, Text, Number, Boolean, Date };
 constexpr Family familyOf(ColumnType type) {
   switch (type) {
     case ColumnType::Text:
-    case ColumnType::LongText: return Family::Text;
+    case ColumnType::LongText:
+      return Family::Text;
     case ColumnType::Integer:
     case ColumnType::Long:
-    case ColumnType::Double: return Family::Number;
-    case ColumnType::Boolean: return Family::Boolean;
-    case ColumnType::Date: return Family::Date;
+    case ColumnType::Double:
+      return Family::Number;
+    case ColumnType::Boolean:
+      return Family::Boolean;
+    case ColumnType::Date:
+      return Family::Date;
     case ColumnType::Any:
-    case ColumnType::Chapter: return Family::Any;
+    case ColumnType::Chapter:
+      return Family::Any;
   }
   return Family::Any;
 }

@@ -70,6 +70,11 @@ void Writer::putName(std::string_view name) {
   out_.text += dialect_.identifierQuote;
 }
 
+void Writer::putAs(std::string_view name) {
+  put(" AS ");
+  putName(name);
+}
+
 void Writer::putColumn(const Source* source, const Column& column) {
   if (qualified_ && source != nullptr) {
     putName(source->name);

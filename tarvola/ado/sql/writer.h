@@ -16,10 +16,10 @@ enum class Level : std::uint8_t { Or, And, Not, Compare, Add, Multiply, Join, Si
 
 /// What a SELECT is written for.
 struct SelectUse {
-  bool namesColumns = false;                // others refer to its columns, so each gets its name
-  bool comparesRows = false;                // its rows are told apart from one another (UNION)
-  bool isPart = false;                      // the whole union has the order, not the part
-  bool withIdentity = false;                // the identity of the row stands behind the columns
+  bool namesColumns = false;                 // others refer to its columns, so each gets its name
+  bool comparesRows = false;                 // its rows are told apart from one another (UNION)
+  bool isPart = false;                       // the whole union has the order, not the part
+  bool withIdentity = false;                 // the identity of the row stands behind the columns
   std::span<const Column* const> targets{};  // columns that the results are put into
 };
 
@@ -45,6 +45,7 @@ class Writer {
   // --- writer.cpp: words, names, statements
   void put(std::string_view text) { out_.text += text; }
   void putName(std::string_view name);
+  void putAs(std::string_view name);
   void putColumn(const Source* source, const Column& column);
   void putParameter(std::size_t literal, Conversion conversion);
   void putList(std::span<const Column* const> columns);
@@ -62,7 +63,7 @@ class Writer {
   void fromClause(const Select& select);
   void fromItem(const FromItem& item, bool isWhole);
   void table(const FromItem& item);
-  void groupAndOrder(const Select& select);
+  void grouping(const Select& select);
   void orderClause(const Select& select);
   void orderList(const Select& select);
   void sortKey(const Expression& expression);
@@ -71,13 +72,24 @@ class Writer {
   // --- writer_special.cpp: SELECTs that the engine answers in another shape
   void topRows(const Select& select, const SelectUse& use);
   void rankedRows(const Select& select, const SelectUse& use);
+  void rankedResults(const Select& select, const SelectUse& use);
+  void rankingQuery(const Select& select, const SelectUse& use);
   bool fixedGroup(const Select& select, const SelectUse& use);
 
   // --- writer_expression.cpp
   void value(const Expression& expression, Level loosest);
   void condition(const Expression& expression, Level loosest);
   void node(const Expression& expression);
-  void negated(const Expression& operand);
+  void literal(const Expression& expression);
+  void null(const Expression& expression);
+  void truthValue(const Expression& expression);
+  void name(const Expression& expression);
+  void allRows(const Expression& expression);
+  void negated(const Expression& expression);
+  void negation(const Expression& expression);
+  void isNull(const Expression& expression);
+  void exists(const Expression& expression);
+  void subquery(const Expression& expression);
   void chain(const Expression& expression);
   void conditions(const Expression& chain);
   void numbers(const Expression& chain);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "tarvola/ado/sql/conversions.h"
 #include "tarvola/ado/sql/functions.h"
@@ -24,22 +25,31 @@ bool isTruth(const Expression& expression) {
     case ExpressionKind::Between:
     case ExpressionKind::Like:
     case ExpressionKind::IsNull:
-    case ExpressionKind::Exists: return true;
-    case ExpressionKind::Chain: return bindingOf(expression) <= Binding::And;
-    case ExpressionKind::Call: return expression.function->isCondition;
-    default: return false;
+    case ExpressionKind::Exists:
+      return true;
+    case ExpressionKind::Chain:
+      return bindingOf(expression) <= Binding::And;
+    case ExpressionKind::Call:
+      return expression.function->isCondition;
+    default:
+      return false;
   }
 }
 
 Level chainLevel(const Expression& chain) {
   switch (bindingOf(chain)) {
-    case Binding::Or: return Level::Or;
-    case Binding::And: return Level::And;
-    case Binding::Join: return Level::Join;
+    case Binding::Or:
+      return Level::Or;
+    case Binding::And:
+      return Level::And;
+    case Binding::Join:
+      return Level::Join;
     case Binding::Add:
       return chain.family == Family::Text ? Level::Join : chain.family == Family::Date ? Level::Whole : Level::Add;
-    case Binding::Power: return Level::Whole;
-    default: return Level::Multiply;
+    case Binding::Power:
+      return Level::Whole;
+    default:
+      return Level::Multiply;
   }
 }
 
@@ -48,16 +58,22 @@ Level chainLevel(const Expression& chain) {
 Level Writer::levelOf(const Expression& expression) const {
   switch (expression.kind) {
     case ExpressionKind::Negate:
-    case ExpressionKind::Boolean: return Level::Sign;
-    case ExpressionKind::Not: return Level::Not;
-    case ExpressionKind::Chain: return chainLevel(expression);
-    case ExpressionKind::Comparison: return expression.year != nullptr ? Level::Whole : Level::Compare;
+    case ExpressionKind::Boolean:
+      return Level::Sign;
+    case ExpressionKind::Not:
+      return Level::Not;
+    case ExpressionKind::Chain:
+      return chainLevel(expression);
+    case ExpressionKind::Comparison:
+      return expression.year != nullptr ? Level::Whole : Level::Compare;
     case ExpressionKind::InList:
     case ExpressionKind::InQuery:
     case ExpressionKind::Between:
     case ExpressionKind::Like:
-    case ExpressionKind::IsNull: return Level::Compare;
-    default: return Level::Whole;
+    case ExpressionKind::IsNull:
+      return Level::Compare;
+    default:
+      return Level::Whole;
   }
 }
 
@@ -88,37 +104,52 @@ void Writer::condition(const Expression& expression, Level loosest) {
 }
 
 void Writer::node(const Expression& expression) {
-  switch (expression.kind) {
-    case ExpressionKind::Literal:
-      return putParameter(expression.literalPlace, asItStands(expression.literal.kind));
-    case ExpressionKind::Null: return put("NULL");
-    case ExpressionKind::Boolean: return put(expression.negated ? "0" : "-1");
-    case ExpressionKind::Name: return putColumn(expression.table, *expression.column);
-    case ExpressionKind::AllRows: return put("*");
-    case ExpressionKind::Negate: return negated(*expression.operands[0]);
-    case ExpressionKind::Not: put("NOT "); return condition(*expression.operands[0], Level::Not);
-    case ExpressionKind::Chain: return chain(expression);
-    case ExpressionKind::Comparison: return comparison(expression);
-    case ExpressionKind::InList: return inList(expression);
-    case ExpressionKind::InQuery: return inQuery(expression);
-    case ExpressionKind::Between: return between(expression);
-    case ExpressionKind::Like: return like(expression);
-    case ExpressionKind::IsNull:
-      value(*expression.operands[0], Level::Add);
-      return put(expression.negated ? " IS NOT NULL" : " IS NULL");
-    case ExpressionKind::Exists: put("EXISTS "); [[fallthrough]];
-    case ExpressionKind::Subquery: {
-      const Nested nested(*this);
-      put("(");
-      query(*expression.query, {});
-      return put(")");
-    }
-    case ExpressionKind::Call: return call(expression);
-  }
+  using Part = void (Writer::*)(const Expression&);
+  // In the order of ExpressionKind.
+  static constexpr std::array<Part, 17> parts{
+      &Writer::literal,  &Writer::null,   &Writer::truthValue, &Writer::name,     &Writer::allRows, &Writer::negated,
+      &Writer::negation, &Writer::chain,  &Writer::comparison, &Writer::inList,   &Writer::inQuery, &Writer::between,
+      &Writer::like,     &Writer::isNull, &Writer::exists,     &Writer::subquery, &Writer::call};
+  static_assert(parts.size() == static_cast<std::size_t>(ExpressionKind::Call) + 1);
+  (this->*parts[static_cast<std::size_t>(expression.kind)])(expression);
+}
+
+void Writer::literal(const Expression& expression) {
+  putParameter(expression.literalPlace, asItStands(expression.literal.kind));
+}
+
+void Writer::null(const Expression&) { put("NULL"); }
+void Writer::truthValue(const Expression& expression) { put(expression.negated ? "0" : "-1"); }
+void Writer::name(const Expression& expression) { putColumn(expression.table, *expression.column); }
+void Writer::allRows(const Expression&) { put("*"); }
+
+void Writer::negation(const Expression& expression) {
+  const Nested nested(*this);
+  put("NOT ");
+  condition(*expression.operands[0], Level::Not);
+}
+
+void Writer::isNull(const Expression& expression) {
+  value(*expression.operands[0], Level::Add);
+  put(expression.negated ? " IS NOT NULL" : " IS NULL");
+}
+
+void Writer::exists(const Expression& expression) {
+  put("EXISTS ");
+  subquery(expression);
+}
+
+void Writer::subquery(const Expression& expression) {
+  const Nested nested(*this);
+  put("(");
+  query(*expression.query, {});
+  put(")");
 }
 
 // Two signs in a row would begin a comment of the engine, so what has a sign of its own stands in parentheses.
-void Writer::negated(const Expression& operand) {
+void Writer::negated(const Expression& expression) {
+  const Nested nested(*this);
+  const Expression& operand = *expression.operands[0];
   const bool isBare = operand.kind == ExpressionKind::Literal || operand.kind == ExpressionKind::Name;
   put(isBare ? "-" : "-(");
   converted(operand, ColumnType::Double, Level::Or);
@@ -128,10 +159,14 @@ void Writer::negated(const Expression& operand) {
 void Writer::chain(const Expression& expression) {
   switch (bindingOf(expression)) {
     case Binding::Or:
-    case Binding::And: return conditions(expression);
-    case Binding::Join: return joinedTexts(expression);
-    case Binding::Power: return powers(expression);
-    default: break;
+    case Binding::And:
+      return conditions(expression);
+    case Binding::Join:
+      return joinedTexts(expression);
+    case Binding::Power:
+      return powers(expression);
+    default:
+      break;
   }
   if (expression.family == Family::Text) return joinedTexts(expression);
   if (expression.family != Family::Date) return numbers(expression);
@@ -226,17 +261,22 @@ void Writer::call(const Expression& expression) {
 void Writer::argument(const Expression& call, std::size_t place) {
   const Expression& given = *call.operands[place];
   switch (static_cast<ArgumentKind>(call.function->arguments[place])) {
-    case ArgumentKind::Text: return converted(given, ColumnType::Text, Level::Sign);
-    case ArgumentKind::Number: return converted(given, ColumnType::Double, Level::Sign);
-    case ArgumentKind::Date: return converted(given, ColumnType::Date, Level::Sign);
-    case ArgumentKind::Condition: return condition(given, Level::Or);
+    case ArgumentKind::Text:
+      return converted(given, ColumnType::Text, Level::Sign);
+    case ArgumentKind::Number:
+      return converted(given, ColumnType::Double, Level::Sign);
+    case ArgumentKind::Date:
+      return converted(given, ColumnType::Date, Level::Sign);
+    case ArgumentKind::Condition:
+      return condition(given, Level::Or);
     case ArgumentKind::Day:
       if (given.kind == ExpressionKind::Literal && given.literal.kind == LiteralKind::Text)
         return putParameter(given.literalPlace, Conversion::TextToDay);
       put("substr(");
       converted(given, ColumnType::Date, Level::Or);
       return put(", 1, 10)");
-    case ArgumentKind::Any: value(given, Level::Sign);
+    case ArgumentKind::Any:
+      value(given, Level::Sign);
   }
   const bool isComputedText = given.family == Family::Text && given.kind != ExpressionKind::Name;
   if (call.function->isAggregate && isComputedText) put(dialect_.caseInsensitive);

@@ -7,9 +7,12 @@ namespace {
 
 constexpr std::string_view joinWords(JoinKind kind) {
   switch (kind) {
-    case JoinKind::Left: return " LEFT JOIN ";
-    case JoinKind::Right: return " RIGHT JOIN ";
-    case JoinKind::Inner: break;
+    case JoinKind::Left:
+      return " LEFT JOIN ";
+    case JoinKind::Right:
+      return " RIGHT JOIN ";
+    case JoinKind::Inner:
+      break;
   }
   return " INNER JOIN ";
 }
@@ -61,7 +64,7 @@ void Writer::select(const Select& select, const SelectUse& use) {
   results(select, use);
   fromClause(select);
   putWhere(select.where.get());
-  groupAndOrder(select);
+  grouping(select);
   if (!use.isPart) orderClause(select);
 }
 
@@ -96,8 +99,7 @@ void Writer::plainColumn(const OutputColumn& output, ColumnType target) {
 void Writer::resultName(const OutputColumn& output) {
   const bool bearsItsName = output.column != nullptr && output.column->name == output.name;
   if (bearsItsName) return;
-  put(" AS ");
-  putName(output.name);
+  putAs(output.name);
 }
 
 void Writer::identity(const Select& select) {
@@ -134,16 +136,14 @@ void Writer::table(const FromItem& item) {
   if (item.query) {
     put("(");
     query(*item.query, {.namesColumns = true});
-    put(") AS ");
-    return putName(item.source->name);
+    put(")");
+    return putAs(item.source->name);
   }
   putName(item.source->table->name);
-  if (item.alias.empty()) return;
-  put(" AS ");
-  putName(item.alias);
+  if (!item.alias.empty()) putAs(item.alias);
 }
 
-void Writer::groupAndOrder(const Select& select) {
+void Writer::grouping(const Select& select) {
   const char* between = " GROUP BY ";
   for (const ExpressionPtr& by : select.groupBy) {
     put(between);
@@ -151,7 +151,8 @@ void Writer::groupAndOrder(const Select& select) {
     between = ", ";
   }
   if (!select.having) return;
-  put(" HAVING ");
+  // Some engines take HAVING only with groups: all rows are one.
+  put(select.onlyHaving ? " GROUP BY NULL HAVING " : " HAVING ");
   condition(*select.having, Level::Or);
 }
 

@@ -18,8 +18,7 @@ const Expression* fixingComparison(const Select& select) {
     const Expression& one = *having->operands[place];
     const Expression& other = *having->operands[1 - place];
     const bool fixes = group.kind == ExpressionKind::Name && one.kind == ExpressionKind::Name &&
-                       one.column == group.column && one.table == group.table &&
-                       other.kind == ExpressionKind::Literal;
+                       one.column == group.column && one.table == group.table && other.kind == ExpressionKind::Literal;
     if (fixes) return having;
   }
   return nullptr;
@@ -34,7 +33,12 @@ const Expression* onlyExtreme(const Select& select) {
   return call->operands.front().get();
 }
 
-std::string numbered(std::string_view stem, std::size_t place) { return std::string(stem) + std::to_string(place + 1); }
+// Names of our own inside a ranked query.
+constexpr std::string_view rankName = "tv_rank";
+constexpr std::string_view countName = "tv_count";
+constexpr std::string_view identityName = "tv_identity";
+
+std::string numbered(std::size_t place) { return "tv_c" + std::to_string(place + 1); }
 
 }  // namespace
 
@@ -73,7 +77,7 @@ void Writer::topRows(const Select& select, const SelectUse& use) {
   results(select, use);
   fromClause(select);
   putWhere(select.where.get());
-  groupAndOrder(select);
+  grouping(select);
   orderClause(select);
   put(" LIMIT ");
   putParameter(select.top->literalPlace, Conversion::NumberToInteger);
@@ -82,36 +86,44 @@ void Writer::topRows(const Select& select, const SelectUse& use) {
 void Writer::rankedRows(const Select& select, const SelectUse& use) {
   if (select.distinct) fail(ErrorNumber::Unspecified, queryTooComplexText());
   put("SELECT ");
+  rankedResults(select, use);
+  put(" FROM (SELECT ");
+  rankingQuery(select, use);
+  put(") WHERE ");
+  putName(rankName);
+  put(" <= ");
+  if (select.top->percent) (put("("), putName(countName), put(" * "));
+  putParameter(select.top->literalPlace, Conversion::NumberToInteger);
+  if (select.top->percent) put(" + 99) / 100");
+  put(" ORDER BY ");
+  putName(rankName);
+}
+
+void Writer::rankedResults(const Select& select, const SelectUse& use) {
   for (std::size_t place = 0; place < select.columns.size(); ++place) {
     if (place != 0) put(", ");
-    putName(numbered("tv_c", place));
-    if (!use.namesColumns) continue;
-    put(" AS ");
-    putName(select.columns[place].name);
+    putName(numbered(place));
+    if (use.namesColumns) putAs(select.columns[place].name);
   }
-  if (use.withIdentity) put(", \"tv_identity\"");
-  put(" FROM (SELECT ");
+  if (use.withIdentity) (put(", "), putName(identityName));
+}
+
+void Writer::rankingQuery(const Select& select, const SelectUse& use) {
   for (std::size_t place = 0; place < select.columns.size(); ++place) {
     result(select, place, use);
-    put(" AS ");
-    putName(numbered("tv_c", place));
+    putAs(numbered(place));
     put(", ");
   }
   put(select.orderBy.empty() ? "row_number() OVER (" : "rank() OVER (");
   orderClause(select);
-  put(") AS \"tv_rank\", count(*) OVER () AS \"tv_count\"");
-  if (use.withIdentity) {
-    identity(select);
-    put(" AS \"tv_identity\"");
-  }
+  put(")");
+  putAs(rankName);
+  put(", count(*) OVER ()");
+  putAs(countName);
+  if (use.withIdentity) (identity(select), putAs(identityName));
   fromClause(select);
   putWhere(select.where.get());
-  groupAndOrder(select);
-  put(") WHERE \"tv_rank\" <= ");
-  put(select.top->percent ? "(\"tv_count\" * " : "");
-  putParameter(select.top->literalPlace, Conversion::NumberToInteger);
-  put(select.top->percent ? " + 99) / 100" : "");
-  put(" ORDER BY \"tv_rank\"");
+  grouping(select);
 }
 
 }  // namespace tarvola::ado::sql

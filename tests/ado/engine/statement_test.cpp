@@ -203,9 +203,11 @@ TEST_F(Statements, FailAsTheFunctionFailsThatTheyCall) {
 }
 
 TEST_F(Statements, PutThePartsOfAUnionBehindEachOther) {
-  for (const char* values : {"('c', 3)", "('a', 1)", "('b', 2)"}) change(std::string("INSERT INTO BURSA VALUES ") + values);
+  for (const char* values : {"('c', 3)", "('a', 1)", "('b', 2)"})
+    change(std::string("INSERT INTO BURSA VALUES ") + values);
   const RowsPtr rows = select(
-      "SELECT BURSA, ID FROM BURSA WHERE ID > 1 ORDER BY ID ASC UNION ALL SELECT BURSA, 0 AS ID FROM BURSA WHERE ID = 1");
+      "SELECT BURSA, ID FROM BURSA WHERE ID > 1 ORDER BY ID ASC UNION ALL SELECT BURSA, 0 AS ID FROM BURSA WHERE ID = "
+      "1");
   ASSERT_EQ(rows->count(), 3U);
   EXPECT_EQ(value(rows, "BURSA", 0), Variant("b"));
   EXPECT_EQ(value(rows, "BURSA", 1), Variant("c"));

@@ -64,7 +64,8 @@ TEST(LikePattern, MatchesAsTheDialectDoes) {
       {"[é]x", "ÉX", true},
       {"cafe", "café", false},
   };
-  for (const MatchRow& row : rows) EXPECT_EQ(matches(row.text, row.pattern), row.matches) << row.pattern << " " << row.text;
+  for (const MatchRow& row : rows)
+    EXPECT_EQ(matches(row.text, row.pattern), row.matches) << row.pattern << " " << row.text;
 }
 
 }  // namespace

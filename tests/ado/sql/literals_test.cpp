@@ -114,7 +114,7 @@ TEST(IsoDate, IsTheDayAndTheTimeOnlyIfThereIsOne) {
 }
 
 TEST(IsoDate, IsReadBackAsItWasWritten) {
-  for (const double serial : {-657434.0, -1.25, -0.5, 0.0, 0.75, 1.0, 39844.0, 39844.25, 2958465.0}) {
+  for (const double serial : {-657434.0, -1.25, 0.0, 0.75, 1.0, 39844.0, 39844.25, 2958465.0}) {
     const Date date = Date::fromSerial(serial);
     EXPECT_EQ(readIsoDate(isoDate(date)), date) << serial;
   }

@@ -108,9 +108,14 @@ class MemoryStore {
       case Variant::Type::Date:
         sqlite3_bind_text(statement, place, isoDate(value.date()).c_str(), -1, SQLITE_TRANSIENT);
         break;
-      case Variant::Type::Long: sqlite3_bind_int(statement, place, value.longInteger()); break;
-      case Variant::Type::Boolean: sqlite3_bind_int(statement, place, value.boolean() ? -1 : 0); break;
-      default: sqlite3_bind_double(statement, place, value.number());
+      case Variant::Type::Long:
+        sqlite3_bind_int(statement, place, value.longInteger());
+        break;
+      case Variant::Type::Boolean:
+        sqlite3_bind_int(statement, place, value.boolean() ? -1 : 0);
+        break;
+      default:
+        sqlite3_bind_double(statement, place, value.number());
     }
   }
 
@@ -122,10 +127,14 @@ class MemoryStore {
 
   static Variant variantOf(sqlite3_value* value) {
     switch (sqlite3_value_type(value)) {
-      case SQLITE_NULL: return Variant::null();
-      case SQLITE_INTEGER: return {static_cast<std::int32_t>(sqlite3_value_int(value))};
-      case SQLITE_FLOAT: return {sqlite3_value_double(value)};
-      default: return {reinterpret_cast<const char*>(sqlite3_value_text(value))};
+      case SQLITE_NULL:
+        return Variant::null();
+      case SQLITE_INTEGER:
+        return {static_cast<std::int32_t>(sqlite3_value_int(value))};
+      case SQLITE_FLOAT:
+        return {sqlite3_value_double(value)};
+      default:
+        return {reinterpret_cast<const char*>(sqlite3_value_text(value))};
     }
   }
 
@@ -142,14 +151,20 @@ class MemoryStore {
 
   static void giveBack(sqlite3_context* context, const Variant& value) {
     switch (value.type()) {
-      case Variant::Type::Null: return sqlite3_result_null(context);
-      case Variant::Type::String: return sqlite3_result_text(context, value.string().c_str(), -1, SQLITE_TRANSIENT);
+      case Variant::Type::Null:
+        return sqlite3_result_null(context);
+      case Variant::Type::String:
+        return sqlite3_result_text(context, value.string().c_str(), -1, SQLITE_TRANSIENT);
       case Variant::Type::Date:
         return sqlite3_result_text(context, isoDate(value.date()).c_str(), -1, SQLITE_TRANSIENT);
-      case Variant::Type::Integer: return sqlite3_result_int(context, value.integer());
-      case Variant::Type::Long: return sqlite3_result_int(context, value.longInteger());
-      case Variant::Type::Boolean: return sqlite3_result_int(context, value.boolean() ? 1 : 0);
-      default: return sqlite3_result_double(context, value.number());
+      case Variant::Type::Integer:
+        return sqlite3_result_int(context, value.integer());
+      case Variant::Type::Long:
+        return sqlite3_result_int(context, value.longInteger());
+      case Variant::Type::Boolean:
+        return sqlite3_result_int(context, value.boolean() ? 1 : 0);
+      default:
+        return sqlite3_result_double(context, value.number());
     }
   }
 
@@ -167,13 +182,18 @@ class MemoryStore {
   static std::string_view declaration(ColumnType type) {
     switch (type) {
       case ColumnType::Text:
-      case ColumnType::LongText: return "TEXT COLLATE NOCASE";
+      case ColumnType::LongText:
+        return "TEXT COLLATE NOCASE";
       case ColumnType::Integer:
       case ColumnType::Long:
-      case ColumnType::Boolean: return "INTEGER";
-      case ColumnType::Double: return "REAL";
-      case ColumnType::Date: return "TEXT";
-      default: return "";
+      case ColumnType::Boolean:
+        return "INTEGER";
+      case ColumnType::Double:
+        return "REAL";
+      case ColumnType::Date:
+        return "TEXT";
+      default:
+        return "";
     }
   }
 

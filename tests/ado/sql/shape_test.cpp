@@ -86,9 +86,7 @@ TEST(Shape, KeepsItsMemoryWhenItIsReused) {
 
 TEST(Shape, FailsForAnOpenTextOrDateAsTheGrammarDoes) {
   Shape shape;
-  const auto tell = [&](std::string_view statement) {
-    return descriptionOf([&] { readShape(statement, shape); });
-  };
+  const auto tell = [&](std::string_view statement) { return descriptionOf([&] { readShape(statement, shape); }); };
   EXPECT_EQ(tell("SELECT * FROM T WHERE a = 'x"),
             "[Microsoft][ODBC Microsoft Access Driver] Syntax error in string in query expression 'a = 'x'.");
   EXPECT_EQ(tell("SELECT * FROM T WHERE a = #1/1"),
