@@ -1,5 +1,7 @@
+#include "tarvola/tarvola.h"
+
 namespace tarvola {
 
-const char* version() noexcept { return "0.1.0"; }
+const char* version() noexcept { return TARVOLA_VERSION; }
 
 }  // namespace tarvola

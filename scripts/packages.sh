@@ -1,7 +1,8 @@
 # Which Debian packages the project needs, and how its scripts install what is missing. Sourced, not run.
 
-build_packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libfmt-dev libcli11-dev nlohmann-json3-dev)
-test_packages=(libgtest-dev libgmock-dev sqlite3)
+build_packages=(g++ cmake ninja-build pkg-config libsqlite3-dev zlib1g-dev libgcrypt20-dev libfmt-dev libcli11-dev
+  nlohmann-json3-dev)
+test_packages=(libgtest-dev libgmock-dev sqlite3 openssl)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev git)
 

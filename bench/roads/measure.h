@@ -1,0 +1,32 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarvola::bench {
+
+/// One measurement: a road, over so many slips, ours and its floor, in seconds for `operations` operations.
+struct Measurement {
+  std::string road;
+  std::int64_t slips = 0;
+  std::int64_t operations = 0;
+  double ours = 0;
+  double floor = 0;
+  /// Peak resident size of a process that does nothing else, in MiB; 0 where it is not asked.
+  double peakMib = 0;
+};
+
+/// Seconds that the work takes.
+double seconds(const std::function<void()>& work);
+
+/// Runs the work in a child process and gives that process's peak resident size in MiB.
+double peakMibOf(const std::function<void()>& work);
+
+/// Prints a table: cost of ours and the floor for each operation, their ratio, and the growth: cost for each operation at a
+/// size divided by that at the smallest size of the same road.
+void printMeasurements(const std::vector<Measurement>& all);
+
+}  // namespace tarvola::bench

@@ -1,0 +1,104 @@
+#include "bench/roads/month_maker.h"
+
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "tarvola/runtime/code_page.h"
+#include "tarvola/tarvola.h"
+
+namespace tarvola::bench {
+
+namespace {
+
+std::vector<std::string> exampleLines() {
+  std::ifstream file(std::string(TARVOLA_SOURCE_DIR) + "/examples/month-2009-01.csv", std::ios::binary);
+  std::vector<std::string> lines;
+  std::string line;
+  std::getline(file, line);
+  while (std::getline(file, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+/// The line with another number in its eighth column.
+std::string withNumber(const std::string& line, std::int64_t number) {
+  std::size_t start = 0;
+  for (int i = 0; i < 7; ++i) start = line.find(';', start) + 1;
+  const std::string made = line[0] == 'F' && line[1] == '1' ? fmt::format("{:06}/PPH4", number) : fmt::format("{:016}", number);
+  return line.substr(0, start) + made + line.substr(line.find(';', start));
+}
+
+}  // namespace
+
+std::vector<std::string> makeMonth(std::int64_t count) {
+  const std::vector<std::string> example = exampleLines();
+  std::vector<std::string> lines;
+  lines.reserve(static_cast<std::size_t>(count));
+  for (std::int64_t i = 0; i < count; ++i)
+    lines.push_back(withNumber(example[static_cast<std::size_t>(i) % example.size()], i + 1));
+  return lines;
+}
+
+std::vector<std::string> columnsOf(const std::string& line) {
+  std::vector<std::string> columns;
+  std::size_t start = 0;
+  for (std::size_t end = line.find(';'); end != std::string::npos; start = end + 1, end = line.find(';', start))
+    columns.push_back(fromAnsi(std::string_view(line).substr(start, end - start)));
+  columns.push_back(fromAnsi(std::string_view(line).substr(start)));
+  return columns;
+}
+
+BenchStore::BenchStore() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "tarvola-bench-XXXXXX").string();
+  folder_ = mkdtemp(pattern.data());
+  FilerProfile filer;
+  filer.npwp = filerNpwp;
+  filer.name = "PT Contoh Sejahtera";
+  filer.address = "Jl. Contoh No. 1 Jakarta";
+  createStore(path(), filer);
+}
+
+BenchStore::~BenchStore() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+void connectTo(const BenchStore& store) {
+  // A thread that still has the settings of a store that is gone tells so when the object is made; nobody needs to hear it.
+  const MessageBoxScope quiet([](const MessageBox&) {});
+  CGeneralClass general;
+  general.pSetCon(store.path(), "", "");
+}
+
+void importLine(CImporBP& import, const std::string& line) {
+  Variant::Array columns;
+  columns.reserve(52);
+  for (std::string& column : columnsOf(line)) columns.emplace_back(std::move(column));
+  import.pImporPPh4(Variant(std::move(columns)), filerNpwp, benchMonth, benchYear, 0);
+}
+
+void importLines(const std::vector<std::string>& lines) {
+  CImporBP import;
+  for (const std::string& line : lines) importLine(import, line);
+}
+
+void rebuild() {
+  CImporBP import;
+  import.pBuildTRVPPh4(filerNpwp, benchMonth, benchYear, 0);
+  import.pUpdateD113210(Variant(), filerNpwp, benchMonth, benchYear, 0, "", "");
+  import.pUpdateTRVPPh4(filerNpwp, benchMonth, benchYear, 0);
+}
+
+void fill(const BenchStore& store, const std::vector<std::string>& lines) {
+  connectTo(store);
+  const CGeneralClass keptOpen;
+  importLines(lines);
+  rebuild();
+}
+
+}  // namespace tarvola::bench

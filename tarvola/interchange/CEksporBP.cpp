@@ -1,0 +1,244 @@
+#include "tarvola/interchange/CEksporBP.h"
+
+#include "tarvola/interchange/export_row.h"
+#include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/message_box.h"
+#include "tarvola/runtime/progress.h"
+#include "tarvola/runtime/text_file.h"
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/store/failure_rule.h"
+#include "tarvola/store/module_state.h"
+#include "tarvola/store/statement.h"
+#include "tarvola/store/store_object.h"
+
+namespace tarvola {
+
+namespace {
+
+using interchange::ExportForm;
+using interchange::ExportRowHead;
+using store::bare;
+using store::Statement;
+
+/// The return that is exported, as the caller words it.
+struct ExportPeriod {
+  std::string_view month;
+  std::string_view year;
+  std::int16_t correction = 0;
+};
+
+std::string_view articleLabel(std::int16_t article) {
+  return article == store::taxArticle ? "Pasal 4 Ayat (2)" : std::string_view();
+}
+
+Statement periodCondition(const ExportPeriod& period) {
+  return Statement(" KD_PEMBETULAN_KE = ") << std::int32_t{period.correction} << " AND TH_PAJAK = " << bare(period.year)
+                                           << " AND MS_PAJAK = " << bare(period.month) << " AND ";
+}
+
+/// All slips and behind them all self-paid forms of a period, in the order in which the store hands them over.
+Statement selectDocuments(const ExportPeriod& period) {
+  return Statement(
+             "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
+             " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP,FlagNPWP "
+             " FROM DS_FORM_INDUK WHERE ")
+         << periodCondition(period)
+         << "(KD_FORM = 'F113309' OR KD_FORM = 'F113310' OR KD_FORM = 'F113311' OR "
+            "KD_FORM = 'F113312' OR KD_FORM = 'F113316' OR KD_FORM = 'F113317' OR "
+            "KD_FORM = 'F113319' OR KD_FORM = 'F113320' OR KD_FORM = 'F113321') "
+            "UNION ALL "
+            " SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
+            " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP, 0 as FlagNPWP "
+            " FROM DAT_SSP_PPh22 WHERE "
+         << periodCondition(period)
+         << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn')";
+}
+
+void showNotice(std::string_view label, const ExportPeriod& period, std::string_view ending) {
+  std::string text = "Data Bukti Potong PPh Masa ";
+  text.append(label).append(" Untuk :\r\n\r\n* Masa Pajak   : ").append(period.month);
+  text.append("\r\n* Tahun Pajak : ").append(period.year);
+  text.append("\r\n* Pembetulan  : ").append(CStr(std::int32_t{period.correction}));
+  text.append("\r\n\r\n").append(ending);
+  showMessage({.text = std::move(text), .title = "INFORMASI", .icon = MessageIcon::Information});
+}
+
+/// Narrows the rows to the current document. A slip is known by form and number alone: of two filers' slips of one
+/// number both lines show the first. A self-paid form needs its packed text too, since a payment may stand on several.
+class DocumentFilter {
+ public:
+  explicit DocumentFilter(Recordset& rows)
+      : rows_(rows), noBukti_(rows.column("NOBUKTI")), datForm_(rows.column("DAT_FORM")) {}
+
+  void narrowTo(const ExportForm& form) {
+    criteria_ = "KD_FORM = '";
+    criteria_.append(form.codes.kdForm).append("' AND NOBUKTI = '");
+    appendText(noBukti_);
+    if (form.codes.kind == store::FormKind::SelfPaidForm) {
+      criteria_ += "' AND DAT_FORM = '";
+      appendText(datForm_);
+    }
+    criteria_ += '\'';
+    rows_.put_Filter(criteria_);
+  }
+
+ private:
+  void appendText(std::size_t column) {
+    const ado::Cell value = rows_.cell(column);
+    if (!value.isNull()) value.appendText(criteria_);
+  }
+
+  Recordset& rows_;
+  std::size_t noBukti_;
+  std::size_t datForm_;
+  std::string criteria_;
+};
+
+}  // namespace
+
+struct CEksporBP::State {
+  store::StoreObject store{store::WaitsForSettings{}};
+  interchange::ExportRowBuilder builder;
+
+  /// The rule of every row builder: the line as far as it was built, and a message if that is not to its end.
+  void buildLine(std::string& line, const ExportForm& form, const ExportRowHead& head, const RecordsetPtr& rsTemp) {
+    line.clear();
+    guarded([&] {
+      if (!rsTemp) fail(ErrorNumber::ObjectVariableNotSet);
+      if (!rsTemp->get_BOF()) rsTemp->MoveFirst();
+      builder.append(line, form, head, *rsTemp);
+    });
+  }
+
+  std::string lineOf(const store::FormCodes& codes, const ExportRowHead& head, const RecordsetPtr& rsTemp) {
+    std::string line;
+    buildLine(line, *interchange::findExportForm(codes.kdForm), head, rsTemp);
+    return line;
+  }
+
+  void writeRows(TextFile& file, const RecordsetPtr& rows, const ExportPeriod& period);
+  void exportPeriod(std::int16_t article, const ExportPeriod& period, std::string_view fileName);
+};
+
+/// One line for each row. The bound of the walk lies one past the last row, where the end of the rows ends it.
+void CEksporBP::State::writeRows(TextFile& file, const RecordsetPtr& rows, const ExportPeriod& period) {
+  const ModuleState& state = moduleState();
+  store.converter().pSetCon(state.sDSN, state.sUID, state.sPWD);
+  if (!rows->get_BOF()) rows->MoveFirst();
+  const std::int32_t rowCount = rows->get_RecordCount();
+  const std::size_t kdForm = rows->column("KD_FORM");
+  DocumentFilter filter(*rows);
+  Progress progress("Exporting slips", static_cast<std::uint64_t>(rowCount));
+  std::string line;
+  for (std::int32_t row = 0; row <= rowCount; ++row) {
+    rows->Move(row, adBookmarkFirst);
+    if (rows->get_EOF()) break;
+    const ado::Cell code = rows->cell(kdForm);
+    const ExportForm* form = interchange::findExportForm(code.isText() ? code.text() : std::string_view());
+    if (form == nullptr) continue;
+    filter.narrowTo(*form);
+    const std::string_view found = rows->cell(kdForm).text();
+    const RecordsetPtr named = store.converter().ExpandDatForm(found, rows);
+    buildLine(line, *form, {found, period.month, period.year, period.correction}, named);
+    if (line.find("\r\n") != std::string::npos) line = withoutLineBreaks(std::move(line));
+    file.WriteLine(line);
+    rows->put_Filter("");
+    progress.done(static_cast<std::uint64_t>(row) + 1);
+  }
+}
+
+void CEksporBP::State::exportPeriod(std::int16_t article, const ExportPeriod& period, std::string_view fileName) {
+  // Another article has no selection; the store refuses the empty text.
+  const std::string selection = article == store::taxArticle ? selectDocuments(period).str() : std::string();
+  const RecordsetPtr rows = store.execute(selection);
+  if (store::isEmptyResult(rows)) {
+    showNotice(articleLabel(article), period, "Tidak Ada Pada DataBase");
+    return;
+  }
+  TextFile file = TextFile::create(std::string(fileName));
+  file.WriteLine(interchange::exportHeader());
+  writeRows(file, rows, period);
+  file.Close();
+  const std::string count = Format(static_cast<double>(rows->get_RecordCount()), "#,##0");
+  showNotice(articleLabel(article), period, "Berhasil Diekspor Sebanyak : " + count + " Baris (Record) Data");
+}
+
+CEksporBP::CEksporBP() : state_(std::make_unique<State>()) {}
+CEksporBP::~CEksporBP() = default;
+
+void CEksporBP::pSetCon(std::string_view sDSN, std::string_view sUID, std::string_view sPWD) {
+  guarded([&] {
+    setModuleConnection(sDSN, sUID, sPWD);
+    state_->store.startUp();
+  });
+}
+
+void CEksporBP::pEksporPPh(std::string_view, std::int16_t iKodePasal, std::string_view sMsPjk, std::string_view sThPjk,
+                           std::int16_t iKdPembetulan, std::string_view strFileName, std::string_view) {
+  guarded([&] { state_->exportPeriod(iKodePasal, {sMsPjk, sThPjk, iKdPembetulan}, strFileName); });
+}
+
+std::string CEksporBP::pBuildDataF113309(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113309, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113310(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113310, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113311(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113311, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113312(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113312, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113316(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113316, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113317(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113317, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113319(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113319, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113320(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113320, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataF113321(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::F113321, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataFSewaTnhBgn(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                             std::string_view sMsPjk, std::string_view sThPjk,
+                                             std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::FSewaTnhBgn, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataFAlihTnhBgn(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                             std::string_view sMsPjk, std::string_view sThPjk,
+                                             std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::FAlihTnhBgn, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+std::string CEksporBP::pBuildDataFJasaKonstruksi(std::string_view strKdForm, const RecordsetPtr& rsTemp,
+                                                 std::string_view sMsPjk, std::string_view sThPjk,
+                                                 std::int16_t iKdPembetulan) {
+  return state_->lineOf(store::FJasaKonstruksi, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
+}
+
+}  // namespace tarvola

@@ -1,0 +1,272 @@
+#include "tarvola/interchange/CImporSSPPBK.h"
+
+#include <string>
+
+#include "tarvola/interchange/payment_files.h"
+#include "tarvola/interchange/payment_line.h"
+#include "tarvola/mainreturn/CF113204.h"
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/store/document_key.h"
+#include "tarvola/store/failure_rule.h"
+#include "tarvola/store/field_access.h"
+#include "tarvola/store/form_codes.h"
+#include "tarvola/store/statement.h"
+
+namespace tarvola {
+
+namespace {
+
+using interchange::PaymentLine;
+using store::bare;
+using store::FilerHeader;
+using store::number;
+using store::Period;
+using store::Statement;
+using store::text;
+
+constexpr std::int16_t noReturn = -1;
+
+/// The columns of a payment's line behind the first; those between say the period, which is not read.
+enum PaymentColumn : std::size_t { Ntpp = 4, TglSsp = 5, JmlByr = 6, KdMap = 7, KdJnsStr = 8 };
+/// The columns of a transfer's line behind the first.
+enum TransferColumn : std::size_t { Month = 1, Year = 2, NoBuktiPbk = 3, TanggalBerlaku = 4, JumlahPbk = 5 };
+
+/// The filer as PROFILE has it, without blanks around; empty texts without a row.
+FilerHeader readFiler(const store::StoreObject& store) {
+  FilerHeader filer = store::filerOfProfile(store.execute("SELECT * FROM PROFILE"));
+  for (std::string* field : {&filer.npwp, &filer.name, &filer.address}) *field = std::string(Trim(*field));
+  return filer;
+}
+
+/// Month and year as one text of six digits: January 2009 is "012009".
+std::string periodText(std::int16_t month, std::int16_t year) {
+  std::string digits = CStr(std::int32_t{month});
+  if (digits.size() == 1) digits.insert(0, "0");
+  return digits += CStr(std::int32_t{year});
+}
+
+/// So many empty texts, with a comma before each.
+void appendEmptyTexts(Statement& values, int count) {
+  for (int i = 0; i < count; ++i) values << ",''";
+}
+
+Statement dateValue(const std::string& date) { return Statement("DateValue(") << text(date) << ")"; }
+
+}  // namespace
+
+struct CImporSSPPBK::State {
+  store::StoreObject store{store::StartUpWording::Description, store::StartUpConverter::None};
+
+  enum class Takes : std::uint8_t { Payments, PaymentsAndTransfers };
+  void importLine(const Variant& strData, const Period& period, Takes takes);
+  void importPayment(const PaymentLine& line, const Period& period, const FilerHeader& filer);
+  void importTransfer(const PaymentLine& line, const FilerHeader& filer);
+
+  // Each of these shows its own failure and gives False or 0 then, so that a look-up that fails lets the insert run.
+  bool pCekSSP(const PaymentLine& line, const Period& period);
+  void pInsertSSP(const PaymentLine& line, const Period& period, const FilerHeader& filer, double tableKey);
+  double pGetNextTableKey(const PaymentLine& line, const std::string& sixDigits);
+  bool pCekPBK(const PaymentLine& line, const FilerHeader& filer);
+  void pInsertPBK(const PaymentLine& line);
+
+  std::int16_t highestCorrection(std::string_view kdForm, std::int16_t month, std::int16_t year);
+  void updateMainReturn(std::string_view npwp, std::int16_t month, std::int16_t year);
+};
+
+// --- lines --------------------------------------------------------------------------------------------
+
+void CImporSSPPBK::State::importLine(const Variant& strData, const Period& period, Takes takes) {
+  guarded([&] {
+    const PaymentLine line(strData);
+    const std::string word = line.word();
+    // Read for every line, so that one without a number behind the word fails whatever its kind.
+    [[maybe_unused]] const std::int16_t article = line.article();
+    const FilerHeader filer = readFiler(store);
+    if (word == interchange::paymentWord) importPayment(line, period, filer);
+    if (word == interchange::transferWord && takes == Takes::PaymentsAndTransfers) importTransfer(line, filer);
+  });
+}
+
+/// Several payments without a number may stand side by side, so they are not looked for.
+void CImporSSPPBK::State::importPayment(const PaymentLine& line, const Period& period, const FilerHeader& filer) {
+  if (line.text(Ntpp) == interchange::noPaymentNumber) {
+    const double key = pGetNextTableKey(line, periodText(period.msPajak, period.thPajak));
+    pInsertSSP(line, period, filer, key);
+  } else if (!pCekSSP(line, period)) {
+    pInsertSSP(line, period, filer, 0);
+  }
+}
+
+void CImporSSPPBK::State::importTransfer(const PaymentLine& line, const FilerHeader& filer) {
+  if (!pCekPBK(line, filer)) pInsertPBK(line);
+}
+
+// --- payments -----------------------------------------------------------------------------------------
+
+bool CImporSSPPBK::State::pCekSSP(const PaymentLine& line, const Period& period) {
+  bool isThere = false;
+  guarded([&] {
+    // The amount takes no part: a payment that is there already stays as it is.
+    const RecordsetPtr found = store.execute(
+        Statement("SELECT * FROM DATSSP WHERE KODEPASAL = ")
+        << std::int32_t{line.article()} << " AND MsPjk = " << std::int32_t{period.msPajak}
+        << " AND ThPjk = " << std::int32_t{period.thPajak} << " AND KdPmbtln = " << std::int32_t{period.kdPembetulanKe}
+        << " AND KdMAP = " << text(line.text(KdMap)) << " AND NTPP = " << text(line.text(Ntpp)) << " AND KdJnsStr = "
+        << text(line.text(KdJnsStr)) << " AND TglSSP = " << dateValue(line.text(TglSsp)) << " ORDER BY TGLSSP DESC");
+    isThere = !store::isEmptyResult(found);
+  });
+  return isThere;
+}
+
+void CImporSSPPBK::State::pInsertSSP(const PaymentLine& line, const Period& period, const FilerHeader& filer,
+                                     double tableKey) {
+  guarded([&] {
+    store.execute(Statement("INSERT INTO DATSSP(TableKey,KodePasal,NPWP,MsPjk,ThPjk,KdPmbtln,  "
+                            "KdMAP,KdJnsStr,TglSSP,NTPP,JmlByr,Catatan,NoSK) VALUES (")
+                  << number(tableKey) << ", " << std::int32_t{line.article()} << ", " << text(filer.npwp) << ", "
+                  << std::int32_t{period.msPajak} << " ," << std::int32_t{period.thPajak} << ","
+                  << std::int32_t{period.kdPembetulanKe} << "," << text(line.text(KdMap)) << ", "
+                  << text(line.text(KdJnsStr)) << "," << dateValue(line.text(TglSsp)) << ", " << text(line.text(Ntpp))
+                  << ", " << number(line.wholeRupiah(JmlByr)) << ",'','')");
+  });
+}
+
+/// The key behind the highest of the payments without a number.
+///
+/// It asks with the columns that stand one to the left of those that are meant: amount for account, account for kind,
+/// payment number for date. Sixteen zeros are no date, so with a line of the file this fails and the key is 0.
+double CImporSSPPBK::State::pGetNextTableKey(const PaymentLine& line, const std::string& sixDigits) {
+  double key = 0;
+  guarded([&] {
+    const RecordsetPtr found =
+        store.open(Statement("SELECT MAX(TableKey) AS MAXKEY FROM DATSSP WHERE KODEPASAL = ")
+                   << std::int32_t{line.article()} << " AND MsPjk = " << text(sixDigits) << " AND KdMAP = "
+                   << text(line.text(KdMap - 1)) << " AND KdJnsStr = " << text(line.text(KdJnsStr - 1))
+                   << " AND TglSSP = " << dateValue(line.text(TglSsp - 1)) << " AND NTPP = '0000000000000000'");
+    if (!store::isNullField(found, "MAXKEY")) key = store::fieldNumber(found, "MAXKEY") + 1;
+  });
+  return key;
+}
+
+// --- transfers ----------------------------------------------------------------------------------------
+
+bool CImporSSPPBK::State::pCekPBK(const PaymentLine& line, const FilerHeader& filer) {
+  bool isThere = false;
+  guarded([&] {
+    const RecordsetPtr found =
+        store.execute(Statement("SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = ")
+                      << text(filer.npwp) << " AND PASAL = " << std::int32_t{line.article()}
+                      << " AND NoBuktiPBK = " << text(line.text(NoBuktiPbk))
+                      << " AND MsPjkPBK = " << bare(line.text(Month)) << " AND ThPjkPBK = " << bare(line.text(Year)));
+    isThere = !store::isEmptyResult(found);
+  });
+  return isThere;
+}
+
+/// All thirty-eight columns by position. What a line does not say of decision, old and new payment stays empty; the
+/// three dates are the one that it says.
+void CImporSSPPBK::State::pInsertPBK(const PaymentLine& line) {
+  guarded([&] {
+    const FilerHeader filer = readFiler(store);
+    const std::string month = line.text(Month);
+    const std::string year = line.text(Year);
+    const Statement date = dateValue(line.text(TanggalBerlaku));
+    Statement insert("INSERT INTO datPBKPPhMasa VALUES (");
+    insert << std::int32_t{line.article()} << "," << text(line.text(NoBuktiPbk)) << "," << bare(month) << ","
+           << bare(year) << ",1";
+    appendEmptyTexts(insert, 2);
+    insert << "," << date;
+    appendEmptyTexts(insert, 5);
+    insert << "," << bare(month) << "," << bare(year);
+    appendEmptyTexts(insert, 5);
+    insert << "," << text(filer.name) << "," << text(filer.address) << "," << text(filer.npwp);
+    appendEmptyTexts(insert, 2);
+    insert << "," << bare(month) << "," << bare(year);
+    appendEmptyTexts(insert, 5);
+    insert << "," << date << "," << number(line.wholeRupiah(JumlahPbk));
+    appendEmptyTexts(insert, 1);
+    insert << "," << date;
+    appendEmptyTexts(insert, 2);
+    store.execute(insert << ")");
+  });
+}
+
+// --- main return --------------------------------------------------------------------------------------
+
+std::int16_t CImporSSPPBK::State::highestCorrection(std::string_view kdForm, std::int16_t month, std::int16_t year) {
+  std::int16_t highest = 0;
+  guarded([&] {
+    const RecordsetPtr found = store.execute(
+        Statement("SELECT MAX(KD_PEMBETULAN_KE) AS iMaxKdPmb FROM DS_FORM_INDUK WHERE  MS_PAJAK = ")
+        << std::int32_t{month} << " AND TH_PAJAK = " << std::int32_t{year} << " AND KD_FORM = " << text(kdForm));
+    highest = store::isNullField(found, "iMaxKdPmb") ? noReturn : store::fieldInteger(found, "iMaxKdPmb");
+  });
+  return highest;
+}
+
+void CImporSSPPBK::State::updateMainReturn(std::string_view npwp, std::int16_t month, std::int16_t year) {
+  guarded([&] {
+    const std::int16_t correction = highestCorrection(store::F113204.kdForm, month, year);
+    if (correction == noReturn) return;
+    CF113204 mainReturn;
+    mainReturn.pGetF113204(npwp, store::F113204.kdForm, store::F113204.jenisDokumen, month, year, correction,
+                           store::headerNumber, store::taxKind);
+    mainReturn.pHitPjk3204(1);
+    const double payments = mainReturn.aJumlahSSP(npwp, CStr(std::int32_t{month}), CStr(std::int32_t{year}),
+                                                  CStr(std::int32_t{correction}));
+    const double transfers = mainReturn.aJumlahPBK(npwp, store::taxArticle, month, year);
+    mainReturn.aC1(payments + transfers);
+    mainReturn.aCHKC1(1);
+    mainReturn.pUpdate();
+  });
+}
+
+// --- the class ----------------------------------------------------------------------------------------
+
+CImporSSPPBK::CImporSSPPBK() : state_(std::make_unique<State>()) {}
+CImporSSPPBK::~CImporSSPPBK() { interchange::closeConnection(state_->store); }
+
+void CImporSSPPBK::pImporSSPPBK(const Variant& strData, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorr) {
+  state_->importLine(strData, {iMsPjk, iThPjk, iCorr}, State::Takes::PaymentsAndTransfers);
+}
+
+void CImporSSPPBK::pImporSSP(const Variant& strData, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorr) {
+  state_->importLine(strData, {iMsPjk, iThPjk, iCorr}, State::Takes::Payments);
+}
+
+RecordsetPtr CImporSSPPBK::pGetPBK(std::string_view sNPWP, std::int16_t iPasal, std::int16_t iMsPjk,
+                                   std::int16_t iThPjk) {
+  RecordsetPtr transfers;
+  guarded([&] { transfers = state_->store.open(interchange::selectTransfers(sNPWP, iPasal, iMsPjk, iThPjk)); });
+  return transfers;
+}
+
+RecordsetPtr CImporSSPPBK::pGetSSP(std::string_view /*sNPWP*/, std::int16_t iKodePasal, std::string_view sMsPjk,
+                                   std::string_view sThPjk, std::string_view sCorr) {
+  RecordsetPtr payments;
+  guarded([&] {
+    payments = state_->store.open(
+        Statement("SELECT * FROM datSSP WHERE MsPjk = ")
+        << std::int32_t{CInt(sMsPjk)} << " AND THPJK=" << std::int32_t{CInt(sThPjk)}
+        << " AND KODEPASAL = " << std::int32_t{iKodePasal} << " AND  KdPmbtln=" << bare(sCorr)
+        << " AND KdMAP IN ( '0118', '0171', '0172', '0173','411128')"
+           " AND KdJnsStr IN ( '100', '199', '300', '310', '312', '320',  '322', '401', '402', '403', '404', '405', "
+           "'406', '407', '408', '409', '417', '418', '419', '499', '500','501','510','511') ORDER BY TglSSP ASC");
+  });
+  return payments;
+}
+
+std::int16_t CImporSSPPBK::aMaxKdPembetulan(std::string_view /*sNPWP*/, std::string_view skdform, std::int16_t iMsPjk,
+                                            std::int16_t iThPjk) {
+  return state_->highestCorrection(skdform, iMsPjk, iThPjk);
+}
+
+void CImporSSPPBK::pUpdateTRVPPh4(std::string_view sNPWP, std::int16_t iMsPjk, std::int16_t iThPjk) {
+  state_->updateMainReturn(sNPWP, iMsPjk, iThPjk);
+}
+
+void CImporSSPPBK::pUpdateTRVPPh4_2009(std::string_view sNPWP, std::int16_t iMsPjk, std::int16_t iThPjk) {
+  state_->updateMainReturn(sNPWP, iMsPjk, iThPjk);
+}
+
+}  // namespace tarvola

@@ -1,0 +1,110 @@
+#include "tarvola/interchange/enciphering.h"
+
+#include <gcrypt.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "tarvola/interchange/gcrypt_calls.h"
+#include "tarvola/interchange/report_texts.h"
+#include "tarvola/interchange/utf16.h"
+#include "tarvola/runtime/errors.h"
+
+namespace tarvola::interchange {
+
+namespace {
+
+constexpr std::size_t blockBytes = 8;
+constexpr std::size_t keyBytes = 16;
+
+/// RC2 in CBC mode, in place, over any number of whole blocks.
+class Rc2 {
+ public:
+  Rc2(std::string_view password, const Salt& salt, const InitialVector& iv) {
+    readyCiphers();
+    const std::string key = keyOf(password, salt);
+    gcry_cipher_hd_t made = nullptr;
+    requireCipher(gcry_cipher_open(&made, GCRY_CIPHER_RFC2268_128, GCRY_CIPHER_MODE_CBC, 0));
+    cipher_.reset(made);
+    requireCipher(gcry_cipher_setkey(made, key.data(), key.size()));
+    requireCipher(gcry_cipher_setiv(made, iv.data(), iv.size()));
+  }
+
+  void encipher(std::string& bytes) {
+    requireCipher(gcry_cipher_encrypt(cipher_.get(), bytes.data(), bytes.size(), nullptr, 0));
+  }
+  void decipher(std::string& bytes) {
+    requireCipher(gcry_cipher_decrypt(cipher_.get(), bytes.data(), bytes.size(), nullptr, 0));
+  }
+
+ private:
+  struct Closer {
+    void operator()(gcry_cipher_hd_t cipher) const noexcept { gcry_cipher_close(cipher); }
+  };
+
+  static std::string keyOf(std::string_view password, const Salt& salt) {
+    constexpr std::size_t digestBytes = 20;
+    std::string hashed = toUtf16(password);
+    hashed.append(salt.begin(), salt.end());
+    std::string digest(digestBytes, '\0');
+    gcry_md_hash_buffer(GCRY_MD_SHA1, digest.data(), hashed.data(), hashed.size());
+    digest.resize(keyBytes);
+    return digest;
+  }
+
+  std::unique_ptr<gcry_cipher_handle, Closer> cipher_;
+};
+
+/// Fills the last block; a text that fills its blocks exactly gets a whole block more.
+void addPadding(std::string& bytes) {
+  const std::size_t padding = blockBytes - bytes.size() % blockBytes;
+  bytes.append(padding, static_cast<char>(padding));
+}
+
+}  // namespace
+
+void fillFromSystem(std::span<std::uint8_t> bytes) {
+  readyCiphers();
+  gcry_randomize(bytes.data(), bytes.size(), GCRY_STRONG_RANDOM);
+}
+
+void encipher(std::string_view content, std::string_view password, const RandomSource& random, const LineSink& sink) {
+  Salt salt{};
+  InitialVector iv{};
+  random(salt);
+  random(iv);
+  std::string bytes = toUtf16(content);
+  addPadding(bytes);
+  Rc2(password, salt, iv).encipher(bytes);
+  Base64Lines lines(sink);
+  lines.add(envelopeAhead(iv, salt, bytes.size()));
+  lines.add(bytes);
+  lines.finish();
+}
+
+EncipheredText readEnciphered(std::string_view base64) {
+  Base64Bytes read = readBase64(base64);
+  if (!read.isWhole)
+    fail(ErrorNumber::InvalidFileFormat, startsAsEnvelope(read.bytes) ? foreignCharacterText() : notEncipheredText());
+  return readEnvelope(std::move(read.bytes));
+}
+
+std::string decipher(EncipheredText text, std::string_view password) {
+  if (text.ciphertext.empty() || text.ciphertext.size() % blockBytes != 0)
+    fail(ErrorNumber::InvalidFileFormat, damagedEnvelopeText());
+  Rc2(password, text.salt, text.iv).decipher(text.ciphertext);
+  return std::move(text.ciphertext);
+}
+
+bool removePadding(std::string& utf16) noexcept {
+  if (utf16.empty()) return false;
+  const auto padding = static_cast<unsigned char>(utf16.back());
+  if (padding == 0 || padding > blockBytes || padding > utf16.size() || (utf16.size() - padding) % 2 != 0) return false;
+  const auto isPadding = [&](char byte) { return static_cast<unsigned char>(byte) == padding; };
+  if (!std::all_of(utf16.end() - padding, utf16.end(), isPadding)) return false;
+  utf16.resize(utf16.size() - padding);
+  return true;
+}
+
+}  // namespace tarvola::interchange

@@ -1,0 +1,87 @@
+#include "tarvola/interchange/reject_file.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tarvola/interchange/export_row.h"
+#include "tarvola/interchange/slip_file_import.h"
+#include "tarvola/runtime/code_page.h"
+#include "tarvola/runtime/errors.h"
+
+namespace tarvola::interchange {
+
+namespace {
+
+constexpr char separator = ';';
+constexpr std::string_view lineEnd = "\r\n";
+
+/// A reason is one column on one line.
+std::string asColumn(std::string_view reason) {
+  std::string column(reason);
+  std::replace_if(
+      column.begin(), column.end(), [](char c) { return c == separator || c == '\r' || c == '\n'; }, ',');
+  return column;
+}
+
+/// The reason stands behind the 51st column, or behind whatever a line has too much.
+std::size_t missingSeparators(std::string_view lineBytes) {
+  const auto present = static_cast<std::size_t>(std::count(lineBytes.begin(), lineBytes.end(), separator));
+  return present < columnCount ? columnCount - present : 1;
+}
+
+}  // namespace
+
+RejectFile::RejectFile(std::string path, FileEncoding encoding)
+    : path_(std::move(path)), partPath_(path_ + ".part"), encoding_(encoding) {
+  if (path_.empty()) return;
+  file_.open(partPath_, std::ios::binary | std::ios::trunc);
+  if (!file_) {
+    const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
+    std::error_code error;
+    const bool hasFolder = folder.empty() || std::filesystem::is_directory(folder, error);
+    fail(hasFolder ? ErrorNumber::PermissionDenied : ErrorNumber::PathNotFound);
+  }
+}
+
+RejectFile::~RejectFile() {
+  if (!file_.is_open()) return;
+  file_.close();
+  std::error_code error;
+  std::filesystem::remove(partPath_, error);
+}
+
+void RejectFile::add(std::string_view lineBytes, std::string_view reason) {
+  if (!file_.is_open()) return;
+  if (!std::exchange(hasLines_, true)) {
+    if (encoding_ == FileEncoding::Utf8) write(utf8Mark);
+    write(encoded(exportHeader()));
+    write(";" + encoded(refusalReasonTitle) + std::string(lineEnd));
+  }
+  write(lineBytes);
+  write(std::string(missingSeparators(lineBytes), separator));
+  write(encoded(asColumn(reason)));
+  write(lineEnd);
+}
+
+void RejectFile::finish() {
+  if (!file_.is_open()) return;
+  file_.close();
+  if (!file_) fail(ErrorNumber::DiskFull);
+  std::error_code error;
+  if (hasLines_)
+    std::filesystem::rename(partPath_, path_, error);
+  else
+    std::filesystem::remove(partPath_, error);
+  if (error) fail(ErrorNumber::PathFileAccessError);
+}
+
+void RejectFile::write(std::string_view bytes) {
+  file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!file_) fail(ErrorNumber::DiskFull);
+}
+
+std::string RejectFile::encoded(std::string_view text) const {
+  return encoding_ == FileEncoding::Ansi ? toAnsi(text) : std::string(text);
+}
+
+}  // namespace tarvola::interchange

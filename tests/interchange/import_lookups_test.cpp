@@ -1,0 +1,170 @@
+// Lookups and registrations around an import.
+
+#include <gtest/gtest.h>
+
+#include "tarvola/ado/columns.h"
+#include "tarvola/ado/table_rows.h"
+#include "tarvola/interchange/CImporBP.h"
+#include "tarvola/runtime/errors.h"
+#include "tests/interchange/interchange_store.h"
+
+namespace tarvola::test {
+namespace {
+
+class ImportLookups : public testing::Test {
+ protected:
+  /// Rows made in memory, as an application hands them over.
+  static RecordsetPtr rowsOf(const std::vector<std::string>& names,
+                             const std::vector<std::vector<std::string>>& values) {
+    std::vector<ado::Column> columns;
+    for (const std::string& name : names) columns.push_back({name, ado::ColumnType::Text});
+    auto rows = std::make_shared<ado::TableRows>(std::make_shared<const ado::Columns>(columns));
+    for (const std::vector<std::string>& row : values) {
+      const std::size_t number = rows->append();
+      for (std::size_t i = 0; i < row.size(); ++i) rows->set(number, i, Variant(row[i]));
+    }
+    return Recordset::over(rows);
+  }
+  void document(const char* table, const char* form, const char* noBukti, int month = 1, int correction = 0) {
+    store.run(
+        std::string("INSERT INTO ") + table +
+        " (NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE,NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,"
+        "TGL_UBAH,NIP) VALUES ('1','" +
+        form + "','00'," + std::to_string(month) + ",2009," + std::to_string(correction) + ",'" + noBukti +
+        "','113','','','','')");
+  }
+  static std::vector<std::string> column(const RecordsetPtr& rows, const char* name) {
+    std::vector<std::string> values;
+    for (; !rows->get_EOF(); rows->MoveNext()) values.push_back(CStr(rows->get_Collect(name)));
+    return values;
+  }
+  InterchangeStore store;
+};
+
+TEST_F(ImportLookups, NewExchangesGetTheNextIdAndKnownOnesNone) {
+  store.run("DELETE * FROM BURSA");
+  CImporBP().pCreateNewBursa(rowsOf({"BURSA"}, {{"Bursa A"}, {"  Bursa B "}, {"bursa a"}}));
+  EXPECT_EQ(store.rows("SELECT * FROM BURSA"), (std::vector<std::string>{"Bursa A|1", "Bursa B|2"}));
+  CImporBP().pCreateNewBursa(rowsOf({"BURSA"}, {{"Bursa C"}}));
+  EXPECT_EQ(column(CImporBP().pGetBursa(), "BURSA"), (std::vector<std::string>{"Bursa A", "Bursa B", "Bursa C"}));
+}
+
+TEST_F(ImportLookups, NoRowsRegisterNothing) {
+  const std::vector<std::string> before = store.rows("SELECT * FROM BURSA");
+  CImporBP().pCreateNewBursa(rowsOf({"BURSA"}, {}));
+  CImporBP().pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {}));
+  EXPECT_EQ(store.rows("SELECT * FROM BURSA"), before);
+  EXPECT_THAT(store.messages().texts(), testing::IsEmpty());
+}
+
+TEST_F(ImportLookups, AFilterOnTheRowsIsTakenOff) {
+  store.run("DELETE * FROM BURSA");
+  const RecordsetPtr rows = rowsOf({"BURSA"}, {{"Bursa A"}, {"Bursa B"}});
+  rows->put_Filter("BURSA = 'Bursa B'");
+  CImporBP().pCreateNewBursa(rows);
+  EXPECT_EQ(store.rows("SELECT BURSA FROM BURSA").size(), 2U);
+}
+
+TEST_F(ImportLookups, AnExchangeWithAnApostropheFailsAndEndsTheWalk) {
+  store.run("DELETE * FROM BURSA");
+  CImporBP().pCreateNewBursa(rowsOf({"BURSA"}, {{"Bursa A"}, {"Jum'at"}, {"Bursa C"}}));
+  EXPECT_EQ(store.messages().texts().size(), 1U);
+  EXPECT_EQ(store.rows("SELECT BURSA FROM BURSA"), std::vector<std::string>{"Bursa A"});
+}
+
+TEST_F(ImportLookups, CommoditiesGetTheNextCodeAndTheFirstOfAllGetsTwo) {
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  CImporBP import;
+  for (int i = 0; i < 10; ++i)
+    import.pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {{ "77", "Komoditi " + std::to_string(i) }}));
+  EXPECT_EQ(column(import.pGetKomoditi(), "KODE_KOMODITI"),
+            (std::vector<std::string>{"02", "03", "04", "05", "06", "07", "08", "09", "10", "11"}));
+  EXPECT_THAT(store.rows("SELECT * FROM JENIS_KOMODITI WHERE KODE_KOMODITI = '02'"),
+              testing::ElementsAre("02|Komoditi 0|22|0"));
+}
+
+TEST_F(ImportLookups, ACommodityIsKnownByCodeAndName) {
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  CImporBP import;
+  import.pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {{ "02", "Semen" }}));
+  import.pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {{ " 02 ", " semen " }}));
+  EXPECT_EQ(store.rows("SELECT * FROM JENIS_KOMODITI").size(), 1U);
+}
+
+TEST_F(ImportLookups, APartnerIsRegisteredOnceTrimmedAndWithoutLineBreaks) {
+  CImporBP import;
+  const Variant partner(Variant::Array{" 086556479946000 ", " Maria\r\nSantoso", "Jl. Hayam Wuruk 12 "});
+  import.pUpdateDataWP(partner);
+  EXPECT_EQ(store.rows("SELECT NPWP_PARTNER, NAMA_WP_PARTNER, ALAMAT_PARTNER, KODE_POS_PARTNER, TELEPON_PARTNER FROM "
+                       "PARTNER_INFO"),
+            std::vector<std::string>{"086556479946000|MariaSantoso|Jl. Hayam Wuruk 12||"});
+  import.pUpdateDataWP(Variant(Variant::Array{"086556479946000", "MariaSantoso", "Jl. Hayam Wuruk 12"}));
+  EXPECT_EQ(import.pGetDataWP()->get_RecordCount(), 1);
+}
+
+TEST_F(ImportLookups, APartnerOfTooFewElementsFails) {
+  CImporBP().pUpdateDataWP(Variant(Variant::Array{"1", "2"}));
+  EXPECT_EQ(store.messages().texts(), std::vector<std::string>{"Subscript out of range"});
+}
+
+TEST_F(ImportLookups, FormRowsAreFoundByArticle) {
+  for (const char* form : {"F113204", "F113309", "F113321", "F113313", "PPh24", "F113301", "F113305", "F113318"})
+    document("DS_FORM_INDUK", form, "-");
+  document("DS_FORM_INDUK", "F113309", "other month", 2);
+  document("DS_FORM_INDUK", "F113309", "other correction", 1, 1);
+  struct Case {
+    std::int16_t article;
+    std::vector<std::string> forms;
+  };
+  const std::vector<std::string> all = {"F113204", "F113309", "F113321", "F113313",
+                                        "PPh24",   "F113301", "F113305", "F113318"};
+  for (const Case& row : {Case{4, {"F113309", "F113321"}}, Case{15, {"F113313", "PPh24"}}, Case{21, {"F113301"}},
+                          Case{22, {"F113305"}}, Case{23, {"F113318"}}, Case{5, all}, Case{14, all}, Case{0, all}})
+    EXPECT_THAT(column(CImporBP().pGetRecDbase("", row.article, 1, 2009, 0), "KD_FORM"),
+                testing::UnorderedElementsAreArray(row.forms))
+        << row.article;
+}
+
+TEST_F(ImportLookups, PaymentNumbersAreFoundByArticleAndTransfersAreNotAmongThem) {
+  document("DAT_SSP_PPh22", "FSewaTnhBgn", "NTPN 1");
+  document("DAT_SSP_PPh22", "FJasaKonstruksi", "NTPN 2");
+  document("DAT_SSP_PPh22", "FAlihTnhBgn", "NTPN 3");
+  document("DAT_SSP_PPh22", "FImblnPelPenLN", "NTPN 4");
+  document("DAT_SSP_PPh22", "PPh22Impor", "NTPN 5");
+  const auto found = [](std::int16_t article) {
+    return column(CImporBP().pGetNTTP("", article, 1, 2009, 0), "NOBUKTI");
+  };
+  EXPECT_THAT(found(4), testing::UnorderedElementsAre("NTPN 1", "NTPN 2"));
+  EXPECT_THAT(found(15), testing::UnorderedElementsAre("NTPN 4"));
+  EXPECT_THAT(found(22), testing::UnorderedElementsAre("NTPN 5"));
+  EXPECT_EQ(found(21).size(), 5U);
+}
+
+TEST_F(ImportLookups, TheHighestCorrectionIsZeroForAMonthWithoutRows) {
+  EXPECT_EQ(CImporBP().pGetMaxCorr(1, 2009), 0);
+  document("DS_FORM_INDUK", "F113204", "-", 1, 0);
+  document("DS_FORM_INDUK", "F113204", "-", 1, 3);
+  document("DS_FORM_INDUK", "F113204", "-", 2, 7);
+  EXPECT_EQ(CImporBP().pGetMaxCorr(1, 2009), 3);
+}
+
+TEST_F(ImportLookups, TheHighestCorrectionAloneLetsItsFailureThrough) {
+  moduleState() = {};
+  CImporBP withoutStore;
+  store.messages().clear();
+  EXPECT_THROW(withoutStore.pGetMaxCorr(1, 2009), RunTimeError);
+  EXPECT_EQ(withoutStore.pGetBursa(), nullptr);
+  EXPECT_EQ(store.messages().texts().size(), 1U);
+}
+
+TEST_F(ImportLookups, ThePartnersCanBeChangedThroughTheirRows) {
+  CImporBP import;
+  import.pUpdateDataWP(Variant(Variant::Array{"1", "A", "B"}));
+  const RecordsetPtr partners = import.pGetDataWP();
+  partners->put_Collect("TELEPON_PARTNER", Variant("021-1"));
+  partners->UpdateBatch();
+  EXPECT_EQ(store.value("SELECT TELEPON_PARTNER FROM PARTNER_INFO"), "021-1");
+}
+
+}  // namespace
+}  // namespace tarvola::test
