@@ -11,7 +11,8 @@ namespace {
 using namespace tarvola;
 
 constexpr std::string_view statement =
-    "SELECT * FROM DS_FORM_INDUK WHERE NPWP = '024573180013000' AND KD_FORM = 'F113309' AND JENIS_DOKUMEN = '02' AND MS_PAJAK "
+    "SELECT * FROM DS_FORM_INDUK WHERE NPWP = '024573180013000' AND KD_FORM = 'F113309' AND JENIS_DOKUMEN = '02' AND "
+    "MS_PAJAK "
     "= 1 AND TH_PAJAK = 2009 AND KD_PEMBETULAN_KE = 0 AND NOBUKTI = '000001/PPH4' AND KD_JENIS_PAJAK = '113'";
 
 void wholeNumberToText(benchmark::State& state) {

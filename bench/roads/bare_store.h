@@ -25,7 +25,8 @@ class BareStatement {
   BareStatement(BareStatement&&) = default;
 
   void bind(int place, const BareValue& value);
-  /// Binds all values, steps to the end and reads every column of every row, as a client cursor must. Gives the row count.
+  /// Binds all values, steps to the end and reads every column of every row, as a client cursor must. Gives the row
+  /// count.
   std::int64_t run(std::initializer_list<BareValue> values = {});
   std::int64_t run(const std::vector<BareValue>& values);
 

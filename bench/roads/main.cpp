@@ -1,5 +1,5 @@
-// Measures the roads of the library beside their floors: what the same reads and writes cost on a bare prepared SQLite handle
-// under the same journal settings.
+// Measures the roads of the library beside their floors: what the same reads and writes cost on a bare prepared SQLite
+// handle under the same journal settings.
 //
 //   bench_roads [SIZE ...]     sizes in slips; 1000 10000 100000 without any
 
@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "bench/roads/measure.h"
+#include "bench/roads/road_documents.h"
 #include "bench/roads/road_export.h"
 #include "bench/roads/road_import.h"
 #include "bench/roads/road_recount.h"
-#include "bench/roads/road_save.h"
 
 using namespace tarvola::bench;
 
@@ -41,8 +41,8 @@ void measureAll(const std::vector<std::int64_t>& sizes) {
     all.back().peakMib = exportPeaks[i];
   }
   for (const std::int64_t size : sizes) all.push_back(measureRecount(size));
-  all.push_back(measureSave(100));
-  for (const std::int64_t size : sizes) all.push_back(measureSave(size));
+  for (const std::int64_t size : {std::int64_t{100}, sizes.back()})
+    for (const Measurement& each : measureDocuments(size)) all.push_back(each);
   printMeasurements(all);
 }
 

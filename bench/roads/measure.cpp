@@ -38,8 +38,8 @@ void printMeasurements(const std::vector<Measurement>& all) {
     const double ours = each.ours * 1e6 / static_cast<double>(each.operations);
     const double floor = each.floor * 1e6 / static_cast<double>(each.operations);
     const double growth = ours / smallest.try_emplace(each.road, ours).first->second;
-    fmt::print("{:<34}{:>9}{:>12.2f}{:>12.2f}{:>8.2f}{:>9.2f}{:>11}\n", each.road, each.slips, ours, floor, ours / floor,
-               growth, each.peakMib > 0 ? fmt::format("{:.0f}", each.peakMib) : "");
+    fmt::print("{:<34}{:>9}{:>12.2f}{:>12.2f}{:>8.2f}{:>9.2f}{:>11}\n", each.road, each.slips, ours, floor,
+               ours / floor, growth, each.peakMib > 0 ? fmt::format("{:.0f}", each.peakMib) : "");
   }
 }
 

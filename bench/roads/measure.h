@@ -25,8 +25,8 @@ double seconds(const std::function<void()>& work);
 /// Runs the work in a child process and gives that process's peak resident size in MiB.
 double peakMibOf(const std::function<void()>& work);
 
-/// Prints a table: cost of ours and the floor for each operation, their ratio, and the growth: cost for each operation at a
-/// size divided by that at the smallest size of the same road.
+/// Prints a table: cost of ours and the floor for each operation, their ratio, and the growth: cost for each operation
+/// at a size divided by that at the smallest size of the same road.
 void printMeasurements(const std::vector<Measurement>& all);
 
 }  // namespace tarvola::bench

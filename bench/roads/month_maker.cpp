@@ -29,7 +29,8 @@ std::vector<std::string> exampleLines() {
 std::string withNumber(const std::string& line, std::int64_t number) {
   std::size_t start = 0;
   for (int i = 0; i < 7; ++i) start = line.find(';', start) + 1;
-  const std::string made = line[0] == 'F' && line[1] == '1' ? fmt::format("{:06}/PPH4", number) : fmt::format("{:016}", number);
+  const std::string made =
+      line[0] == 'F' && line[1] == '1' ? fmt::format("{:06}/PPH4", number) : fmt::format("{:016}", number);
   return line.substr(0, start) + made + line.substr(line.find(';', start));
 }
 
@@ -68,11 +69,14 @@ BenchStore::~BenchStore() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-void connectTo(const BenchStore& store) {
-  // A thread that still has the settings of a store that is gone tells so when the object is made; nobody needs to hear it.
+void connectTo(const BenchStore& store) { connectTo(store.path()); }
+
+void connectTo(const std::string& path) {
+  // A thread that still has the settings of a store that is gone tells so when the object is made; nobody needs to hear
+  // it.
   const MessageBoxScope quiet([](const MessageBox&) {});
   CGeneralClass general;
-  general.pSetCon(store.path(), "", "");
+  general.pSetCon(path, "", "");
 }
 
 void importLine(CImporBP& import, const std::string& line) {

@@ -10,8 +10,8 @@ class CImporBP;
 
 namespace tarvola::bench {
 
-/// So many lines of an exchange file, as raw ANSI text without line ends: those of the example month over and over, each with a
-/// document number of its own.
+/// So many lines of an exchange file, as raw ANSI text without line ends: those of the example month over and over,
+/// each with a document number of its own.
 std::vector<std::string> makeMonth(std::int64_t count);
 
 /// The columns of a line, in UTF-8.
@@ -36,6 +36,7 @@ inline constexpr std::int16_t benchMonth = 1;
 inline constexpr std::int16_t benchYear = 2009;
 
 /// Points this thread's classes to the store.
+void connectTo(const std::string& path);
 void connectTo(const BenchStore& store);
 /// Imports the lines into the store through pImporPPh4, and rebuilds the return.
 void fill(const BenchStore& store, const std::vector<std::string>& lines);

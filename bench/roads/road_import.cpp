@@ -39,19 +39,22 @@ class Floor {
       : store_(path),
         written_(written),
         profile_(store_.prepare("SELECT * FROM PROFILE")),
-        findForm_(store_.prepare("SELECT * FROM DS_FORM_INDUK WHERE NPWP=? AND KD_FORM=? AND JENIS_DOKUMEN=? AND MS_PAJAK=? "
-                                 "AND TH_PAJAK=? AND KD_PEMBETULAN_KE=? AND NOBUKTI=? AND KD_JENIS_PAJAK=?")),
+        findForm_(
+            store_.prepare("SELECT * FROM DS_FORM_INDUK WHERE NPWP=? AND KD_FORM=? AND JENIS_DOKUMEN=? AND MS_PAJAK=? "
+                           "AND TH_PAJAK=? AND KD_PEMBETULAN_KE=? AND NOBUKTI=? AND KD_JENIS_PAJAK=?")),
         insertForm_(insertInto("DS_FORM_INDUK", written.forms)),
         findListRow_(store_.prepare("SELECT * FROM DS_FORM_LAMPIRAN WHERE KD_FORM=? AND MS_PAJAK=? AND TH_PAJAK=? AND "
                                     "KD_PEMBETULAN_KE=? AND COLLNO=? AND NOBUKTI=?")),
-        lastSequence_(store_.prepare("SELECT SEQ FROM DS_FORM_LAMPIRAN WHERE KD_FORM=? AND MS_PAJAK=? AND TH_PAJAK=? AND "
-                                     "KD_PEMBETULAN_KE=? AND COLLNO=? ORDER BY SEQ DESC LIMIT 1")),
+        lastSequence_(
+            store_.prepare("SELECT SEQ FROM DS_FORM_LAMPIRAN WHERE KD_FORM=? AND MS_PAJAK=? AND TH_PAJAK=? AND "
+                           "KD_PEMBETULAN_KE=? AND COLLNO=? ORDER BY SEQ DESC LIMIT 1")),
         insertListRow_(insertInto("DS_FORM_LAMPIRAN", written.listRows)),
         findInterest_(store_.prepare("SELECT * FROM D113210 WHERE NPWP=? AND NMWP=? AND ALM=? AND MS_PAJAK=? AND "
                                      "TH_PAJAK=? AND KD_PEMBETULAN_KE=? AND NOBUKTI=?")),
         insertInterest_(insertInto("D113210", written.interestRows)),
-        lastSelfPaid_(store_.prepare("SELECT SEQ FROM LAMPIRAN_SSP_PPh22 WHERE KD_FORM=? AND MS_PAJAK=? AND TH_PAJAK=? AND "
-                                     "KD_PEMBETULAN_KE=? AND COLLNO=? ORDER BY SEQ DESC LIMIT 1")),
+        lastSelfPaid_(
+            store_.prepare("SELECT SEQ FROM LAMPIRAN_SSP_PPh22 WHERE KD_FORM=? AND MS_PAJAK=? AND TH_PAJAK=? AND "
+                           "KD_PEMBETULAN_KE=? AND COLLNO=? ORDER BY SEQ DESC LIMIT 1")),
         insertSelfPaidListRow_(insertInto("LAMPIRAN_SSP_PPh22", written.selfPaidListRows)),
         insertSelfPaid_(insertInto("DAT_SSP_PPh22", written.selfPaidForms)) {}
 

@@ -49,11 +49,13 @@ class Floor {
         ssp_(store_.prepare("SELECT * FROM DAT_SSP_PPh22" + formCondition)),
         average_(store_.prepare(
             "SELECT sum(Total_Bruto), sum(Total_PPh), sum(Total_Bruto1), sum(Total_PPh1), sum(Total_Bruto2), "
-            "sum(Total_PPh2), sum(Total_Bruto3), sum(Total_PPh3), sum(Total_Bruto4), sum(Total_PPh4) FROM DS_FORM_INDUK" +
+            "sum(Total_PPh2), sum(Total_Bruto3), sum(Total_PPh3), sum(Total_Bruto4), sum(Total_PPh4) FROM "
+            "DS_FORM_INDUK" +
             formCondition)),
-        count_(store_.prepare("SELECT COUNT(*) FROM DS_FORM_INDUK WHERE MS_PAJAK=? AND TH_PAJAK=? AND KD_PEMBETULAN_KE=? AND "
-                              "KD_FORM IN ('F113309','F113310','F113311','F113312','F113316','F113317','F113319','F113320',"
-                              "'F113321')")),
+        count_(store_.prepare(
+            "SELECT COUNT(*) FROM DS_FORM_INDUK WHERE MS_PAJAK=? AND TH_PAJAK=? AND KD_PEMBETULAN_KE=? AND "
+            "KD_FORM IN ('F113309','F113310','F113311','F113312','F113316','F113317','F113319','F113320',"
+            "'F113321')")),
         mainReturn_(store_.prepare(mainReturn)),
         update_(store_.prepare("UPDATE DS_FORM_INDUK SET DAT_FORM=DAT_FORM WHERE KD_FORM='F113204' AND MS_PAJAK=? AND "
                                "TH_PAJAK=? AND KD_PEMBETULAN_KE=?")) {}
@@ -64,8 +66,12 @@ class Floor {
     const std::int64_t first = 0;
     mainReturn_.run({month, year, first});
     for (const FormAndAverages& form : forms) {
-      const std::initializer_list<BareValue> key = {std::string_view(filerNpwp), std::string_view(form.form),
-                                                    std::string_view(form.document), month, year, first};
+      const std::initializer_list<BareValue> key = {std::string_view(filerNpwp),
+                                                    std::string_view(form.form),
+                                                    std::string_view(form.document),
+                                                    month,
+                                                    year,
+                                                    first};
       (form.table[1] == 'S' ? induk_ : ssp_).run(key);
       for (int i = 0; i < form.averages; ++i) average_.run(key);
     }

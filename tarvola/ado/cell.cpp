@@ -7,6 +7,27 @@ namespace tarvola::ado {
 
 static_assert(sizeof(Cell) == 16, "a set of rows is as large as its cells");
 
+Cell Cell::of(const Variant& value) noexcept {
+  switch (value.type()) {
+    case Type::Null:
+      return null();
+    case Type::Integer:
+      return integer(value.integer());
+    case Type::Long:
+      return longInteger(value.longInteger());
+    case Type::Double:
+      return number(value.number());
+    case Type::Boolean:
+      return boolean(value.boolean());
+    case Type::Date:
+      return date(value.date());
+    case Type::String:
+      return text(value.string());
+    default:
+      return {};
+  }
+}
+
 Variant Cell::toVariant() const {
   switch (type_) {
     case Type::Null:

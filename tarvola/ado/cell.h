@@ -28,6 +28,9 @@ class Cell {
     return cell;
   }
 
+  /// A view of a value that the platform keeps in a row; a text points into the value. Empty for an array or an object.
+  static Cell of(const Variant& value) noexcept;
+
   [[nodiscard]] constexpr Type type() const noexcept { return type_; }
   [[nodiscard]] constexpr bool isNull() const noexcept { return type_ == Type::Null; }
   [[nodiscard]] constexpr bool isText() const noexcept { return type_ == Type::String; }

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 
+#include "tarvola/ado/text_signs.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/regional_settings.h"
 #include "tarvola/runtime/text_forms.h"
@@ -14,16 +15,7 @@ namespace {
 /// Deeper parentheses are nobody's criteria; the limit keeps a hostile text from using up the stack.
 constexpr int deepestNesting = 100;
 
-constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isWildcard(char c) { return c == '*' || c == '%'; }
-
-/// Letters beyond ASCII come as several bytes, all of them above 127.
-constexpr bool isNameStart(char c) {
-  const auto lower = static_cast<unsigned char>(c | 0x20);
-  return (lower >= 'a' && lower <= 'z') || c == '_' || static_cast<unsigned char>(c) > 127;
-}
-constexpr bool isNamePart(char c) { return isNameStart(c) || isDigit(c); }
 
 struct OperatorText {
   std::string_view text;

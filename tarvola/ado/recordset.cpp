@@ -41,7 +41,10 @@ void Recordset::put_CursorLocation(std::int32_t location) {
   state_->cursorLocation = location;
 }
 
-std::int32_t Recordset::get_CursorLocation() const noexcept { return state_->cursorLocation; }
+std::int32_t Recordset::get_CursorLocation() const noexcept {
+  return state_->isOpen() ? adUseClient : state_->cursorLocation;
+}
+
 std::int32_t Recordset::get_State() const noexcept { return state_->isOpen() ? adStateOpen : adStateClosed; }
 
 bool Recordset::get_BOF() const {

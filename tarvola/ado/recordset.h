@@ -36,7 +36,9 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
   static RecordsetPtr snapshot(ado::RowsPtr rows, ConnectionPtr connection);
   ~Recordset();
 
+  /// Error 3705 while it is open.
   void put_CursorLocation(std::int32_t location);
+  /// The client's (3) once it is open, whatever was asked for: rows are always held as a client cursor holds them.
   std::int32_t get_CursorLocation() const noexcept;
 
   /// Runs a SELECT or SHAPE text and holds its rows. Already open: error 3705. A statement without rows leaves it

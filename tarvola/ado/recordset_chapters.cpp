@@ -14,7 +14,6 @@ RecordsetPtr Recordset::State::chapterOf(std::size_t column) {
   State& state = *child->state_;
   state.connection = connection;
   state.connectionOpening = connectionOpening;
-  state.cursorLocation = cursorLocation;
   state.isReadOnly = isReadOnly;
   state.childOfParent = std::make_unique<ChildOfParent>();
   state.attach({.rows = chapter.source.rows, .chapters = {}});

@@ -1,13 +1,12 @@
 #include "tarvola/ado/shape.h"
 
+#include "tarvola/ado/text_signs.h"
 #include "tarvola/runtime/error_texts.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 
 namespace tarvola::ado {
 namespace {
-
-constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 constexpr std::string_view blanks = " \t\r\n";
 /// What ends a name or keyword that stands without quotes.

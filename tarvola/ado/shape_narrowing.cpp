@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "tarvola/ado/text_signs.h"
 #include "tarvola/runtime/text_forms.h"
 
 namespace tarvola::ado {
@@ -13,16 +15,8 @@ constexpr std::size_t mostKeys = 50;
 
 constexpr std::array<std::string_view, 4> wordsBehindCondition{"ORDER", "GROUP", "HAVING", "UNION"};
 
-constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-constexpr bool isLetter(char c) {
-  const auto lower = static_cast<unsigned char>(c | 0x20);
-  return (lower >= 'a' && lower <= 'z') || c == '_' || static_cast<unsigned char>(c) > 127;
-}
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool isPlainName(std::string_view name) {
-  return !name.empty() && isLetter(name.front()) &&
-         std::all_of(name.begin(), name.end(), [](char c) { return isLetter(c) || isDigit(c); });
+  return !name.empty() && isNameStart(name.front()) && std::all_of(name.begin(), name.end(), isNamePart);
 }
 
 std::string_view withoutEnd(std::string_view text) {
@@ -69,7 +63,7 @@ class Words {
   /// A run of letters and digits, or the single sign that stands there.
   [[nodiscard]] std::string_view nextWord() const {
     std::size_t end = place_;
-    while (end < text_.size() && (isLetter(text_[end]) || isDigit(text_[end]))) ++end;
+    while (end < text_.size() && isNamePart(text_[end])) ++end;
     return text_.substr(place_, std::max<std::size_t>(end - place_, 1));
   }
 
@@ -93,7 +87,7 @@ constexpr char closingOf(char opening) {
 /// The place behind a run of letters that begins here. A word may directly follow a number ("4AND").
 std::size_t wordEnd(std::string_view text, std::size_t start) {
   std::size_t end = start + 1;
-  while (end < text.size() && (isLetter(text[end]) || isDigit(text[end]))) ++end;
+  while (end < text.size() && isNamePart(text[end])) ++end;
   return end;
 }
 
@@ -114,7 +108,7 @@ bool isWholeCondition(std::string_view text) {
       const std::size_t end = text.find(closing, next);
       if (end == std::string_view::npos) return false;
       next = end + 1;
-    } else if (isLetter(sign)) {
+    } else if (isNameStart(sign)) {
       next = wordEnd(text, place);
       if (depth == 0 && endsCondition(text.substr(place, next - place))) return false;
     }
@@ -134,7 +128,15 @@ std::string quoted(std::string_view text) {
   return literal += '\'';
 }
 
-/// The value as a literal of a statement; nothing for a date, whose literal depends on the type of the column.
+/// The number as a literal; nothing for a fraction, whose literal has fewer digits than the store may hold of it.
+std::optional<std::string> wholeLiteral(double number) {
+  constexpr double exactBelow = 1e15;
+  if (number != std::trunc(number) || std::abs(number) >= exactBelow) return std::nullopt;
+  return numberLiteral(number);
+}
+
+/// The value as a literal of a statement that finds every row which the relation finds; nothing for a date, whose
+/// literal depends on the type of the column.
 std::optional<std::string> literalOf(const Cell& cell) {
   switch (cell.type()) {
     case Cell::Type::String:
@@ -142,10 +144,16 @@ std::optional<std::string> literalOf(const Cell& cell) {
     case Cell::Type::Integer:
     case Cell::Type::Long:
     case Cell::Type::Double:
-      return numberLiteral(cell.toDouble());
+      return wholeLiteral(cell.toDouble());
     default:
       return std::nullopt;
   }
+}
+
+/// Texts that differ in case alone find the same rows, which must not be read twice.
+bool isKnown(const std::vector<std::string>& conditions, std::string_view condition) {
+  return std::any_of(conditions.begin(), conditions.end(),
+                     [condition](std::string_view known) { return equalsIgnoreCase(known, condition); });
 }
 
 bool isMissing(const Cell& cell) { return cell.isNull() || cell.type() == Cell::Type::Empty; }
@@ -191,7 +199,7 @@ std::optional<std::vector<std::string>> keyConditions(const Rows& parents, const
     }
     if (kind == KeyKind::WithoutLiteral) return std::nullopt;
     if (kind == KeyKind::WithoutChildren) continue;
-    if (std::find(conditions.begin(), conditions.end(), condition) != conditions.end()) continue;
+    if (isKnown(conditions, condition)) continue;
     if (conditions.size() == mostKeys) return std::nullopt;
     conditions.push_back(std::move(condition));
   }

@@ -23,8 +23,8 @@ std::optional<PlainSelect> readPlainSelect(std::string_view statement);
 std::string withCondition(const PlainSelect& select, std::string_view condition);
 
 /// For each distinct key of the parents, the condition that its children meet ("KD_FORM = 'D113206' AND MS_PAJAK = 5").
-/// A key with a Null has no children and gives none. Nothing if there are more keys than a statement for each is worth,
-/// or a value that has no literal.
+/// A key with a Null has no children and gives none; keys that differ in case alone are one. Nothing if there are more
+/// keys than a statement for each is worth, or a value that has no literal: a date, a fraction.
 std::optional<std::vector<std::string>> keyConditions(const Rows& parents, const std::vector<ShapeRelation>& relation,
                                                       const std::vector<ShapeRelationText>& names);
 

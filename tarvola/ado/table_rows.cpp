@@ -53,28 +53,9 @@ void TableRows::setIdentity(std::size_t row, std::int64_t identity) {
 }
 
 void TableRows::set(std::size_t row, std::size_t column, const Variant& value) {
-  cells()[row * columnCount_ + column] = cellOf(convertForColumn(value, columns()[column].type));
-}
-
-Cell TableRows::cellOf(const Variant& value) {
-  switch (value.type()) {
-    case Variant::Type::Null:
-      return Cell::null();
-    case Variant::Type::Integer:
-      return Cell::integer(value.integer());
-    case Variant::Type::Long:
-      return Cell::longInteger(value.longInteger());
-    case Variant::Type::Double:
-      return Cell::number(value.number());
-    case Variant::Type::Boolean:
-      return Cell::boolean(value.boolean());
-    case Variant::Type::Date:
-      return Cell::date(value.date());
-    case Variant::Type::String:
-      return Cell::text(texts_.keep(value.string()));
-    default:
-      return {};
-  }
+  const Variant held = convertForColumn(value, columns()[column].type);
+  const Cell view = Cell::of(held);
+  cells()[row * columnCount_ + column] = view.isText() ? Cell::text(texts_.keep(view.text())) : view;
 }
 
 }  // namespace tarvola::ado

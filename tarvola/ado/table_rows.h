@@ -67,7 +67,6 @@ class TableRows final : public Rows {
  private:
   [[nodiscard]] Cell* cells() const noexcept { return static_cast<Cell*>(cells_.data()); }
   void makeRoom();
-  Cell cellOf(const Variant& value);
 
   std::shared_ptr<const BaseTable> base_;
   GrowingBlock cells_;

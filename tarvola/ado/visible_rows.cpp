@@ -26,11 +26,6 @@ bool VisibleRows::shows(std::uint32_t row) const noexcept {
   return slot != noSlot && !isHidden(slot);
 }
 
-VisibleRows::Slot VisibleRows::previous(Slot slot) const noexcept {
-  const std::size_t inFront = before(slot);
-  return inFront == 0 ? noSlot : at(inFront - 1);
-}
-
 VisibleRows::Slot VisibleRows::append(std::uint32_t row) {
   if (isList_) list_.push_back(row);
   return slotCount_++;

@@ -40,9 +40,8 @@ class VisibleRows {
   [[nodiscard]] std::size_t before(Slot slot) const noexcept {
     return hidden_.any() ? slot - hidden_.before(slot) : slot;
   }
-  /// The shown slot behind or in front of a slot; noSlot past the end. The slot itself may be hidden.
+  /// The shown slot behind a slot, which may itself be hidden; noSlot past the end.
   [[nodiscard]] Slot next(Slot slot) const noexcept;
-  [[nodiscard]] Slot previous(Slot slot) const noexcept;
 
   /// Adds a row at the end; its number must be higher than all others'.
   Slot append(std::uint32_t row);

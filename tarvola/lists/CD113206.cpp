@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "tarvola/lists/attachment_rows.h"
-#include "tarvola/lists/packed_row.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/failure_rule.h"
 #include "tarvola/store/field_access.h"
 #include "tarvola/store/form_codes.h"
+#include "tarvola/store/packed_row.h"
 
 namespace tarvola {
 namespace {
@@ -132,13 +132,13 @@ void CD113206::pCreateD113206Hdr(std::int16_t iMsPjk, std::int16_t iThPjk, std::
                                  std::string_view sNmWPLT, std::string_view dTgl_Potong, double dJmlObjPjk,
                                  double dPphDiptg) {
   guarded([&] {
-    lists::PackedRow slip;
+    store::PackedRow slip;
     slip.text("NPWPLT", sNPWPLT).text("ALMLT", sAlmLt).text("NMWPLT", sNmWPLT).text("NoBukti", sNoBukti);
     slip.text("Tgl_Potong", dTgl_Potong).amount(dJmlObjPjk).amount(dPphDiptg);
 
     const store::Period period{.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq};
     const std::int32_t seq = takePlace(period, iCollNo, sNoBukti);
-    lists::PackedRow packed;
+    store::PackedRow packed;
     packed.whole(iMsPjk).whole(iThPjk).whole(seq).fields(slip);
     // The old row is gone by now. What fails here, an apostrophe in a name, leaves the slip without a list row.
     store_.execute(Statement("INSERT INTO DS_FORM_LAMPIRAN VALUES (")
@@ -153,7 +153,7 @@ void CD113206::pCreateD113206CollA(std::string_view sNPWP, std::string_view sNmW
                                    std::string_view iALMdetails, Date iDtA4details, std::string_view iNOBUKTI,
                                    std::string_view iNOP, std::string_view iPPhDiPtg) {
   guarded([&] {
-    lists::PackedRow packed;
+    store::PackedRow packed;
     packed.text("MS_PAJAK", LTrim(iMsPjk)).text("TH_PAJAK", LTrim(iThPjk)).text("KD_PEMBETULAN_KE", LTrim(iCorrSeq));
     packed.whole(iSeq).text("NPWP", LTrim(sNPWP)).text("ALM", LTrim(iALMdetails)).text("NmWP", LTrim(sNmWP));
     packed.text("Tgl_Potong", CStr(iDtA4details)).text("NoBukti", LTrim(iNOBUKTI)).text("NOP", LTrim(iNOP));
@@ -176,9 +176,7 @@ void CD113206::pDeleteD113206Coll(std::string_view /*snmForm*/, std::int16_t iMs
 
 void CD113206::pDelete(std::string_view snmForm, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq) {
   guarded([&] {
-    store_.execute(Statement("DELETE * FROM DAT_FORM WHERE ((NmForm=")
-                   << bare(snmForm) << ") AND (MsPjk=" << std::int32_t{iMsPjk}
-                   << ") AND (ThPjk=" << std::int32_t{iThPjk} << ") AND (CorrSEQ=" << std::int32_t{iCorrSeq} << ") )");
+    lists::removeFromOldStore(store_, snmForm, {.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq});
   });
 }
 

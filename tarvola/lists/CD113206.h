@@ -7,10 +7,10 @@
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
 #include "tarvola/lists/status_flags.h"
-#include "tarvola/lists/watched_recordset.h"
 #include "tarvola/runtime/date.h"
 #include "tarvola/store/document_key.h"
 #include "tarvola/store/store_object.h"
+#include "tarvola/store/watched_recordset.h"
 
 namespace tarvola {
 
@@ -125,7 +125,7 @@ class CD113206 {
   store::StoreObject store_;
   RecordsetPtr collection2_;
   RecordsetPtr collection1_;
-  lists::WatchedRecordset header_{MoveComplete};
+  store::WatchedRecordset header_{MoveComplete};
   RecordsetPtr form_;
   lists::StatusFlags status_;
 };

@@ -1,5 +1,7 @@
 #include "tarvola/lists/attachment_rows.h"
 
+#include <cstdint>
+
 #include "tarvola/ado/cell.h"
 
 namespace tarvola::lists {
@@ -18,6 +20,12 @@ void removeRows(const store::StoreObject& store, std::string_view table, const s
   const auto found = store.execute(Statement("SELECT * FROM ") << store::name(table) << " WHERE " << condition);
   if (found->get_RecordCount() == 0) return;
   store.execute(Statement("DELETE * FROM ") << store::name(table) << " WHERE " << condition);
+}
+
+void removeFromOldStore(const store::StoreObject& store, std::string_view listName, const store::Period& period) {
+  store.execute(store::Statement("DELETE * FROM DAT_FORM WHERE ((NmForm=")
+                << store::bare(listName) << ") AND (MsPjk=" << std::int32_t{period.msPajak} << ") AND (ThPjk="
+                << std::int32_t{period.thPajak} << ") AND (CorrSEQ=" << std::int32_t{period.kdPembetulanKe} << ") )");
 }
 
 ColumnSums addUp(const RecordsetPtr& rows, std::string_view firstColumn, std::string_view secondColumn) {

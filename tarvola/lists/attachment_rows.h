@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "tarvola/ado/recordset.h"
+#include "tarvola/store/document_key.h"
 #include "tarvola/store/statement.h"
 #include "tarvola/store/store_object.h"
 
@@ -12,6 +13,9 @@ namespace tarvola::lists {
 
 /// Deletes the rows of a table that meet a condition; without one nothing is run but the question.
 void removeRows(const store::StoreObject& store, std::string_view table, const store::Statement& condition);
+
+/// Deletes a list from the table of an older generation of stores; where it is missing, as it usually is, this fails.
+void removeFromOldStore(const store::StoreObject& store, std::string_view listName, const store::Period& period);
 
 /// The sums of two columns.
 struct ColumnSums {

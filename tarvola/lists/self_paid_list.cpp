@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "tarvola/lists/attachment_rows.h"
-#include "tarvola/lists/packed_row.h"
 #include "tarvola/runtime/clock.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/CGeneralClass.h"
 #include "tarvola/store/failure_rule.h"
 #include "tarvola/store/field_access.h"
+#include "tarvola/store/packed_row.h"
 
 namespace tarvola::lists {
 namespace {
@@ -66,7 +66,7 @@ void SelfPaidList::pCreateHdrInduk(std::int16_t iMsPjk, std::int16_t iThPjk, std
                                  .kdForm = description_.header.kdForm,
                                  .jenisDokumen = description_.header.jenisDokumen,
                                  .period = {.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq}};
-    PackedRow packed(store::packedHead(
+    store::PackedRow packed(store::packedHead(
         {.npwp = std::string(sNPWP), .name = std::string(sNmWP), .address = std::string(sAlamat)}, key.period));
     packed.whole(0).whole(0);
     store_.execute(store::insertDocument(description_.header.table, key, packed.str(), CStr(dTgl_Rekam)));
@@ -155,7 +155,7 @@ void SelfPaidList::addHeader(const RecordsetPtr& headers) const {
 // --- rows of the list --------------------------------------------------------------------------------
 
 std::string SelfPaidList::packed(const Row& row) const {
-  PackedRow packed;
+  store::PackedRow packed;
   packed.whole(row.period.msPajak).whole(row.period.thPajak).amount(row.seq);
   packed.amount(row.grossRupiah).amount(row.taxRupiah);
   if (description_.rowHoldsLocation) packed.text("Lokasi", row.location);

@@ -6,12 +6,12 @@
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
 #include "tarvola/lists/status_flags.h"
-#include "tarvola/lists/watched_recordset.h"
 #include "tarvola/runtime/date.h"
 #include "tarvola/store/document_key.h"
 #include "tarvola/store/form_codes.h"
 #include "tarvola/store/statement.h"
 #include "tarvola/store/store_object.h"
+#include "tarvola/store/watched_recordset.h"
 
 namespace tarvola::lists {
 
@@ -126,7 +126,7 @@ class SelfPaidList {
   // Destroyed from the last to the first, converter and connection at the end.
   store::StoreObject store_;
   RecordsetPtr collection1_;
-  WatchedRecordset header_{MoveComplete};
+  store::WatchedRecordset header_{MoveComplete};
   RecordsetPtr form_;
   StatusFlags status_;
 };

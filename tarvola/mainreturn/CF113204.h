@@ -8,6 +8,7 @@
 #include "tarvola/mainreturn/return_properties.h"
 #include "tarvola/mainreturn/running_sums.h"
 #include "tarvola/store/store_object.h"
+#include "tarvola/store/watched_recordset.h"
 
 namespace tarvola {
 
@@ -78,6 +79,40 @@ class CF113204 : public mainreturn::ReturnProperties {
   /// other interest go on from those of the object's last one.
   void pUpdF113204(std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iKdPemb);
 
+  // --- corrections ----------------------------------------------------------------------------------------
+  //
+  // A correction starts as a copy of the return it corrects, under the correction number iCorrSeq + 1 in the same month.
+  // Each operation clears its own tables for that number first and makes all rows itself, so that it can be run again at
+  // any time; after a failure, or a process that was ended in the middle, the same call gives what an undisturbed one
+  // gives. A failure (a text with an apostrophe, which no statement can hold) ends the copy with what was copied till
+  // then. Rows that are loaded in this object are left alone. iCorrSeq 32767 fails before anything is cleared.
+
+  /// Copies main form, list headers, slips, their list items and the payees of interest slips. The number and the
+  /// correction inside the packed text of each document become sNPWP and the new one; packed texts of list items stay
+  /// as they are. Documents go by tax kind skdJnsPjk, whoever filed them; items and payees by the period alone.
+  ///
+  /// Slips that share form and number are copied as the first of them, as often as there are such. So are list items
+  /// of one slip.
+  void pCopyAllData(std::string_view sNPWP, std::string_view skdJnsPjk, std::int16_t iMsPjk, std::int16_t iThPjk,
+                    std::int16_t iCorrSeq);
+  /// Copies the self-paid forms with the headers and items of their lists, likewise. Forms that share number and packed
+  /// text are copied as the first of them; case does not matter.
+  void pCopyAllDataSSP(std::string_view sNPWP, std::string_view skdJnsPjk, std::int16_t iMsPjk, std::int16_t iThPjk,
+                       std::int16_t iCorrSeq);
+  /// Copies the payment records of the article sKdPsl, without their keys and notes. The one copy that clears nothing: a
+  /// second run doubles the records.
+  void pCopySSP_42(std::int16_t sKdPsl, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq);
+  /// As pCopyAllData, for a filer who has moved to another tax office: of the documents those of sNpwpOld are copied and
+  /// only those of sNpwpNew cleared before; the copies stand under sNpwpNew, in the column and in the packed text.
+  /// Payees keep their numbers.
+  ///
+  /// Under a decimal comma a payee with a broken rate (17,5) fails: it enters the statement as it reads.
+  void pCopyAllDataOldKPP(std::string_view sNpwpOld, std::string_view sNpwpNew, std::string_view skdJnsPjk,
+                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq);
+  /// As pCopyAllDataSSP, under the new number likewise.
+  void pCopyAllDataSSPOldKPP(std::string_view sNpwpOld, std::string_view sNpwpNew, std::string_view skdJnsPjk,
+                             std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq);
+
   // --- rates ----------------------------------------------------------------------------------------------
 
   /// Default rate of an item of income (strKdPhsl: "B14", "Tarif", ...) of a form; 0 without one in the settings. Of
@@ -108,13 +143,11 @@ class CF113204 : public mainreturn::ReturnProperties {
   double aTotalNominalPBK(std::string_view sNPWP, std::int16_t iPasal, std::int16_t iMsPjk, std::int16_t iThPjk);
 
  private:
-  void watch(RecordsetPtr rows);
   Recordset& newHeader();
   void loadNamedFields();
 
   store::StoreObject store_;
-  RecordsetPtr header_;
-  Event<>::Token headerMoves_ = 0;
+  store::WatchedRecordset header_{MoveComplete};
   mainreturn::RunningSums interest_;
 };
 

@@ -1,5 +1,9 @@
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 
 #include "tarvola/mainreturn/CF113204.h"
 #include "tarvola/mainreturn/return_lines.h"

@@ -4,7 +4,6 @@
 
 #include "tarvola/mainreturn/CF113204.h"
 #include "tarvola/mainreturn/blank_return.h"
-#include "tarvola/runtime/errors.h"
 #include "tarvola/store/document_key.h"
 #include "tarvola/store/failure_rule.h"
 #include "tarvola/store/field_access.h"
@@ -68,30 +67,22 @@ CF113204::CF113204() = default;
 
 /// Raw row, named fields, converter, connection: each is let go before what it rests on.
 CF113204::~CF113204() {
-  watch(nullptr);
+  header_.set(nullptr);
   form_.reset();
   store_.release();
 }
 
-RecordsetPtr CF113204::rs4_2Hdr() const { return header_; }
-void CF113204::rs4_2Hdr(RecordsetPtr rows) { watch(std::move(rows)); }
+RecordsetPtr CF113204::rs4_2Hdr() const { return header_.get(); }
+void CF113204::rs4_2Hdr(RecordsetPtr rows) { header_.set(std::move(rows)); }
 RecordsetPtr CF113204::rs4_2Form() const { return form_; }
 void CF113204::rs4_2Form(RecordsetPtr rows) { form_ = std::move(rows); }
-
-/// Puts a recordset in the place of rs4_2Hdr and passes its moves on. The one before may live on with somebody else, so
-/// that the handler must not stay behind in it.
-void CF113204::watch(RecordsetPtr rows) {
-  if (header_) header_->MoveComplete.disconnect(headerMoves_);
-  header_ = std::move(rows);
-  if (header_) headerMoves_ = header_->MoveComplete.connect([this] { MoveComplete(); });
-}
 
 RecordsetPtr CF113204::dataMember(std::string_view name) const {
   RecordsetPtr member;
   guarded([&] {
-    if (name == "Primary") member = header_;
-    if (name == "Secondary") member = store::chapter(header_, "d2126Details1");
-    if (name == "Ternary") member = store::chapter(header_, "d2126Details2");
+    if (name == "Primary") member = header_.get();
+    if (name == "Secondary") member = store::chapter(header_.get(), "d2126Details1");
+    if (name == "Ternary") member = store::chapter(header_.get(), "d2126Details2");
   });
   return member;
 }
@@ -119,18 +110,16 @@ void CF113204::pCreateF113204Hdr(std::string_view sNPWP, std::string_view snmFor
   });
 }
 
-/// A new recordset in rs4_2Hdr, put there before it is opened: a text that fails leaves a closed one, and no later save
-/// can write the named fields over the row of the load before.
+/// A new recordset in rs4_2Hdr, put there before its text is put together: a text that fails leaves a closed one, and
+/// no later save can write the named fields over the row of the load before.
 Recordset& CF113204::newHeader() {
-  const RecordsetPtr rows = Recordset::create();
-  rows->put_CursorLocation(adUseClient);
-  watch(rows);
-  return *rows;
+  header_.set(Recordset::create());
+  return *header_.get();
 }
 
 void CF113204::loadNamedFields() {
   form_ = Recordset::create();
-  form_ = store_.expand(store::F113204.kdForm, header_);
+  form_ = store_.expand(store::F113204.kdForm, header_.get());
 }
 
 void CF113204::pGetF113204(std::string_view /*sNPWP*/, std::string_view /*snmForm*/, std::string_view sJnsDok,
@@ -143,28 +132,26 @@ void CF113204::pGetF113204(std::string_view /*sNPWP*/, std::string_view /*snmFor
                                  .period = {.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq},
                                  .kdJenisPajak = sJnsPjk};
     Recordset& header = newHeader();
-    header.Open(store::selectDocument(store::F113204.table, key), store_.connection(), adOpenStatic, adLockOptimistic,
-                adCmdText);
+    store_.openInto(header, store::selectDocument(store::F113204.table, key));
     loadNamedFields();
-    header_->MoveFirst();
+    header.MoveFirst();
   });
 }
 
 void CF113204::pGetBukti(std::string_view /*sNPWP*/, std::string_view NoBukti, std::string_view Pembetulan) {
   guarded([&] {
     Recordset& header = newHeader();
-    header.Open(Statement("SELECT * FROM DS_FORM_INDUK WHERE (KD_FORM = 'F113204' AND NOBUKTI = ")
-                    << text(NoBukti) << " AND KD_PEMBETULAN_KE = " << bare(Pembetulan) << ")",
-                store_.connection(), adOpenStatic, adLockOptimistic, adCmdText);
+    store_.openInto(header, Statement("SELECT * FROM DS_FORM_INDUK WHERE (KD_FORM = 'F113204' AND NOBUKTI = ")
+                                << text(NoBukti) << " AND KD_PEMBETULAN_KE = " << bare(Pembetulan) << ")");
     loadNamedFields();
-    if (!header_->get_BOF()) header_->MoveFirst();
+    if (!header.get_BOF()) header.MoveFirst();
   });
 }
 
 void CF113204::pUpdate() {
   guarded([&] {
-    store::setField(header_, "DAT_FORM", store_.pack(form_));
-    store::saveAndRequery(header_);
+    store::setField(header_.get(), "DAT_FORM", store_.pack(form_));
+    store::saveAndRequery(header_.get());
   });
 }
 

@@ -1,5 +1,7 @@
 #include "tarvola/mainreturn/roll_up.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <utility>
 
 #include "tarvola/mainreturn/return_lines.h"

@@ -1,6 +1,8 @@
 #include "tarvola/mainreturn/tax_rates.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/runtime/variant_math.h"

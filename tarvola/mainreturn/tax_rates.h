@@ -1,12 +1,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <optional>
 #include <string_view>
 
 #include "tarvola/runtime/variant.h"
 #include "tarvola/store/document_key.h"
+#include "tarvola/store/form_codes.h"
 #include "tarvola/store/store_object.h"
 
 namespace tarvola::mainreturn {

@@ -76,7 +76,7 @@ int compareIgnoreCase(std::string_view left, std::string_view right) noexcept {
 }
 
 bool equalsIgnoreCase(std::string_view left, std::string_view right) noexcept {
-  return left.size() == right.size() && compareIgnoreCase(left, right) == 0;
+  return left.size() == right.size() && (left == right || compareIgnoreCase(left, right) == 0);
 }
 
 std::string foldCase(std::string_view text) {

@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "tarvola/ado/constants.h"
-#include "tarvola/lists/packed_row.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/failure_rule.h"
 #include "tarvola/store/field_access.h"
 #include "tarvola/store/form_codes.h"
+#include "tarvola/store/packed_row.h"
 
 namespace tarvola::selfpaid {
 namespace {
@@ -56,8 +56,7 @@ void SelfPaidFrame::putField(std::string_view name, const Variant& value) {
 /// Opens a text into rs4_2Form; whether it found a row. A text that fails leaves a closed recordset there.
 bool SelfPaidFrame::pOpenFormRecordset(const Statement& selection) {
   form_ = Recordset::create();
-  form_->put_CursorLocation(adUseClient);
-  form_->Open(selection, store_.connection(), adOpenStatic, adLockOptimistic, adCmdText);
+  store_.openInto(*form_, selection);
   return !store::isEmptyResult(form_);
 }
 
@@ -106,7 +105,7 @@ void SelfPaidFrame::createForm(std::string_view sNPWP, std::string_view snmForm,
                                  .noBukti = sNoBukti,
                                  .kdJenisPajak = sJnsPjk};
     if (!store::isEmptyResult(store_.execute(store::selectOwnDocument(FormTable::Ssp, key)))) return;
-    lists::PackedRow packed(store::packedHead(
+    store::PackedRow packed(store::packedHead(
         {.npwp = std::string(sNPWP), .name = std::string(sNmWP), .address = std::string(sAlamat)}, key.period));
     if (description_.hasLocation) packed.text("Lokasi", "");
     // SEQ, one gross and one tax, whichever form it is. A fresh form has one separator more behind them.

@@ -8,13 +8,13 @@
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
 #include "tarvola/lists/status_flags.h"
-#include "tarvola/lists/watched_recordset.h"
 #include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/selfpaid/self_paid_description.h"
 #include "tarvola/store/document_key.h"
 #include "tarvola/store/statement.h"
 #include "tarvola/store/store_object.h"
+#include "tarvola/store/watched_recordset.h"
 
 namespace tarvola {
 class CF113204;
@@ -171,7 +171,7 @@ class SelfPaidFrame {
   const SelfPaidDescription& description_;
   // Destroyed from the last to the first: raw row, named fields, then converter and connection.
   store::StoreObject store_;
-  lists::WatchedRecordset header_{MoveComplete};
+  store::WatchedRecordset header_{MoveComplete};
   RecordsetPtr form_;
 
   /// Period of the form that was saved or deleted last; the return is loaded by it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "tarvola/runtime/date.h"
@@ -32,46 +33,40 @@ class CF113309 final : public slips::SlipFrame {
   void pDeleteF113309(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
                       std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
 
-  Variant aTGL_POTONG() const { return field("Tgl_Potong"); }
-  void aTGL_POTONG(const Variant& value) { putField("Tgl_Potong", value); }
-  Variant aNPWP() const { return field("npwp"); }
-  void aNPWPLT(const Variant& value) { putField("NPWPLT", value); }
-  void aNMWPLT(const Variant& value) { putField("NMWPLT", value); }
-  void aALMLT(const Variant& value) { putField("ALMLT", value); }
-  void aNoBukti(const Variant& value) { putField("NoBukti", value); }
-  void aINVOICE(const Variant& value) { putField("INVOICE", value); }
-
   // Kinds of prize, rows 1 to 6.
-  void aB12(const Variant& value) { putField("B12", value); }
-  void aB22(const Variant& value) { putField("B22", value); }
-  void aB32(const Variant& value) { putField("B32", value); }
-  void aB42(const Variant& value) { putField("B42", value); }
-  void aB52(const Variant& value) { putField("B52", value); }
-  void aB62(const Variant& value) { putField("B62", value); }
+  void aB12(const Variant& value) { put("B12", value); }
+  void aB22(const Variant& value) { put("B22", value); }
+  void aB32(const Variant& value) { put("B32", value); }
+  void aB42(const Variant& value) { put("B42", value); }
+  void aB52(const Variant& value) { put("B52", value); }
+  void aB62(const Variant& value) { put("B62", value); }
 
   // Gross in rupiah; the row's tax follows.
-  void aB13(double value) { putAmount("B13", value); }
-  void aB23(double value) { putAmount("B23", value); }
-  void aB33(double value) { putAmount("B33", value); }
-  void aB43(double value) { putAmount("B43", value); }
-  void aB53(double value) { putAmount("B53", value); }
-  void aB63(double value) { putAmount("B63", value); }
+  void aB13(double value) { put("B13", value); }
+  void aB23(double value) { put("B23", value); }
+  void aB33(double value) { put("B33", value); }
+  void aB43(double value) { put("B43", value); }
+  void aB53(double value) { put("B53", value); }
+  void aB63(double value) { put("B63", value); }
 
   // Tariff in percent; the row's tax follows.
-  void aB14(double value) { putAmount("B14", value); }
-  void aB24(double value) { putAmount("B24", value); }
-  void aB34(double value) { putAmount("B34", value); }
-  void aB44(double value) { putAmount("B44", value); }
-  void aB54(double value) { putAmount("B54", value); }
-  void aB64(double value) { putAmount("B64", value); }
+  void aB14(double value) { put("B14", value); }
+  void aB24(double value) { put("B24", value); }
+  void aB34(double value) { put("B34", value); }
+  void aB44(double value) { put("B44", value); }
+  void aB54(double value) { put("B54", value); }
+  void aB64(double value) { put("B64", value); }
 
   // Tax in rupiah, as typed in.
-  void aB15(double value) { putAmount("B15", value); }
-  void aB25(double value) { putAmount("B25", value); }
-  void aB35(double value) { putAmount("B35", value); }
-  void aB45(double value) { putAmount("B45", value); }
-  void aB55(double value) { putAmount("B55", value); }
-  void aB65(double value) { putAmount("B65", value); }
+  void aB15(double value) { put("B15", value); }
+  void aB25(double value) { put("B25", value); }
+  void aB35(double value) { put("B35", value); }
+  void aB45(double value) { put("B45", value); }
+  void aB55(double value) { put("B55", value); }
+  void aB65(double value) { put("B65", value); }
+
+ private:
+  std::string stubText(const NewSlip& slip) const override;
 };
 
 }  // namespace tarvola

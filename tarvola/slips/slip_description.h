@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tarvola/runtime/variant.h"
+#include "tarvola/slips/slip_field.h"
 #include "tarvola/store/form_codes.h"
 
 namespace tarvola::slips {
@@ -59,8 +60,8 @@ struct ReturnLine {
   std::string_view tariff;
   std::string_view tax;
   RowRange rows = {};
-  /// The item of the settings whose rate stands while the line is 0.
-  std::string_view defaultItem;
+  /// The item of the settings whose rate stands while the line is 0; "" where the form sets the rate itself.
+  std::string_view defaultItem = {};
   /// Which pair of total columns gives the average rate otherwise.
   std::string_view averageChoice = {};
 };
@@ -75,6 +76,8 @@ struct DefaultTariff {
 struct SlipDescription {
   store::FormCodes form;
   std::span<const AmountRow> rows;
+  /// The fields that have a property to write them.
+  std::span<const SlipField> fields;
   /// nullptr where the form computes its tax in a way of its own.
   Variant (*taxOf)(const Variant& gross, const Variant& tariff) = nullptr;
   TariffTurn tariffTurn = TariffTurn::BehindAllAmounts;
@@ -83,6 +86,8 @@ struct SlipDescription {
   std::string_view taxSum = {};
   /// Whether the change of the list's tax is that of taxSum; otherwise it is that of the rows.
   bool remembersTaxSum = false;
+  /// Whether the old tariffs are read along with the old amounts. Nothing uses them, but one that is no number fails.
+  bool remembersTariffs = true;
   std::span<const DefaultTariff> defaultTariffs;
   NumberScan numberScan = NumberScan::SixForms;
   bool duplicateCheckAsksForFiler = false;

@@ -5,9 +5,10 @@
 #include <string_view>
 
 #include "tarvola/slips/slip_description.h"
+#include "tarvola/slips/slip_fields.h"
 #include "tarvola/store/form_codes.h"
 
-/// What the nine slip forms differ in, one description each. CONTRIBUTING tells how to add one.
+/// What the nine slip forms differ in, one description each.
 namespace tarvola::slips {
 
 /// All slip forms; the first six are the ones of NumberScan::SixForms.
@@ -20,26 +21,12 @@ namespace detail {
 inline constexpr std::array<std::int16_t, 1> firstCollection = {0};
 inline constexpr std::array<std::int16_t, 2> bothCollections = {0, 1};
 
-/// One row for each kind of prize.
-inline constexpr std::array prizeRows = {
-    AmountRow{.gross = "B13", .tariff = "B14", .tax = "B15"}, AmountRow{.gross = "B23", .tariff = "B24", .tax = "B25"},
-    AmountRow{.gross = "B33", .tariff = "B34", .tax = "B35"}, AmountRow{.gross = "B43", .tariff = "B44", .tax = "B45"},
-    AmountRow{.gross = "B53", .tariff = "B54", .tax = "B55"}, AmountRow{.gross = "B63", .tariff = "B64", .tax = "B65"}};
 inline constexpr std::array<std::string_view, 6> prizeTariffs = {"B14", "B24", "B34", "B44", "B54", "B64"};
 inline constexpr std::array prizeDefaults = {DefaultTariff{.item = "B14", .fields = prizeTariffs}};
 inline constexpr std::array prizeTotals = {TotalColumns{.gross = "Total_Bruto", .tax = "Total_PPh", .rows = {0, 6}}};
 inline constexpr std::array prizeLines = {
     ReturnLine{.gross = "B43", .tariff = "B44", .tax = "B45", .rows = {0, 6}, .defaultItem = "B14"}};
 
-/// Five rows of deposits, each domestic or foreign by its options, then SBI, giro and other interest.
-inline constexpr std::array interestRows = {AmountRow{.gross = "B1A3", .tariff = "B1A4", .tax = "B1A5"},
-                                            AmountRow{.gross = "B1B3", .tariff = "B1B4", .tax = "B1B5"},
-                                            AmountRow{.gross = "B1C3", .tariff = "B1C4", .tax = "B1C5"},
-                                            AmountRow{.gross = "B23", .tariff = "B24", .tax = "B25"},
-                                            AmountRow{.gross = "B33", .tariff = "B34", .tax = "B35"},
-                                            AmountRow{.gross = "B43", .tariff = "B44", .tax = "B45"},
-                                            AmountRow{.gross = "B53", .tariff = "B54", .tax = "B55"},
-                                            AmountRow{.gross = "B63", .tariff = "B64", .tax = "B65"}};
 inline constexpr std::array<std::string_view, 8> interestTariffs = {"B1A4", "B1B4", "B1C4", "B24",
                                                                     "B34",  "B44",  "B54",  "B64"};
 inline constexpr std::array interestDefaults = {DefaultTariff{.item = "WP DN", .fields = interestTariffs}};
@@ -66,9 +53,6 @@ inline constexpr std::array interestLines = {
                .defaultItem = "WP DN",
                .averageChoice = "GIRO"}};
 
-/// Founder shares and other shares, each with a line of its own.
-inline constexpr std::array exchangeRows = {AmountRow{.gross = "B13", .tariff = "B14", .tax = "B15"},
-                                            AmountRow{.gross = "B23", .tariff = "B24", .tax = "B25"}};
 inline constexpr std::array<std::string_view, 1> tariffB14 = {"B14"};
 inline constexpr std::array<std::string_view, 1> tariffB24 = {"B24"};
 inline constexpr std::array<std::string_view, 1> tariffB34 = {"B34"};
@@ -85,7 +69,6 @@ inline constexpr std::array exchangeLines = {
     ReturnLine{
         .gross = "B2b3", .tariff = "B2b4", .tax = "B2b5", .rows = {1, 1}, .defaultItem = "B24", .averageChoice = "2"}};
 
-inline constexpr std::array singleRow = {AmountRow{.gross = "JMLBRUTO", .tariff = "Tarif", .tax = "PPHDIPTG"}};
 inline constexpr std::array<std::string_view, 1> singleTariff = {"Tarif"};
 inline constexpr std::array singleDefaults = {DefaultTariff{.item = "Tarif", .fields = singleTariff}};
 inline constexpr std::array singleTotals = {TotalColumns{.gross = "Total_Bruto", .tax = "Total_PPh", .rows = {0, 1}}};
@@ -98,11 +81,6 @@ inline constexpr std::array futuresLines = {
 inline constexpr std::array dividendLines = {
     ReturnLine{.gross = "B103", .tariff = "B104", .tax = "B105", .rows = {0, 1}, .defaultItem = "Tarif"}};
 
-/// Three rows of construction work, then two of planning or supervision, which go to a line by their options.
-inline constexpr std::array constructionRows = {
-    AmountRow{.gross = "B13", .tariff = "B14", .tax = "B15"}, AmountRow{.gross = "B23", .tariff = "B24", .tax = "B25"},
-    AmountRow{.gross = "B33", .tariff = "B34", .tax = "B35"}, AmountRow{.gross = "B43", .tariff = "B44", .tax = "B45"},
-    AmountRow{.gross = "B53", .tariff = "B54", .tax = "B55"}};
 inline constexpr std::array constructionDefaults = {
     DefaultTariff{.item = "B14", .fields = tariffB14}, DefaultTariff{.item = "B24", .fields = tariffB24},
     DefaultTariff{.item = "B34", .fields = tariffB34}, DefaultTariff{.item = "B44", .fields = tariffB44},
@@ -122,7 +100,6 @@ inline constexpr std::array constructionLines = {
                .averageChoice = "2"},
     ReturnLine{.gross = "B6c13", .tariff = "B6c14", .tax = "B6c15", .defaultItem = "B44", .averageChoice = "3"}};
 
-inline constexpr std::array bondRows = {AmountRow{.gross = "JML", .tariff = "Tarif", .tax = "PPhFinal"}};
 inline constexpr std::array bondLines = {
     ReturnLine{.gross = "B33", .tariff = "B34", .tax = "B35", .rows = {0, 1}, .defaultItem = "Tarif"}};
 
@@ -130,6 +107,7 @@ inline constexpr std::array bondLines = {
 constexpr SlipDescription singleItem(const store::FormCodes& form, std::span<const ReturnLine> lines) {
   return {.form = form,
           .rows = singleRow,
+          .fields = singleItemFields,
           .taxOf = productByHundred,
           .tariffTurn = TariffTurn::BeforeAmounts,
           .defaultTariffs = singleDefaults,
@@ -160,6 +138,7 @@ constexpr SlipDescription dividend() {
 /// Lottery prizes: six kinds of prize, each with gross, tariff and tax; one line of the return for all.
 inline constexpr SlipDescription lotteryPrizes{.form = store::F113309,
                                                .rows = detail::prizeRows,
+                                               .fields = detail::prizeFields,
                                                .taxOf = grossTimesShare,
                                                .grossSum = "JMLPHSL",
                                                .taxSum = "JmlB5",
@@ -172,11 +151,13 @@ inline constexpr SlipDescription lotteryPrizes{.form = store::F113309,
 /// Interest: eight rows; four lines of the return and a text line. A save looks for its row whatever the filer.
 inline constexpr SlipDescription interest{.form = store::F113310,
                                           .rows = detail::interestRows,
+                                          .fields = detail::interestFields,
                                           .taxOf = grossTimesShare,
                                           .tariffTurn = TariffTurn::BehindEachRow,
                                           .grossSum = "JMLPHSL",
                                           .taxSum = "JmlB5",
                                           .remembersTaxSum = true,
+                                          .remembersTariffs = false,
                                           .defaultTariffs = detail::interestDefaults,
                                           .numberScan = NumberScan::NineForms,
                                           .saveAsksForFiler = false,
@@ -188,6 +169,7 @@ inline constexpr SlipDescription interest{.form = store::F113310,
 /// Sales on a stock exchange: two rows, each with its own line, tariff and total columns.
 inline constexpr SlipDescription exchangeSales{.form = store::F113311,
                                                .rows = detail::exchangeRows,
+                                               .fields = detail::exchangeFields,
                                                .taxOf = productByHundred,
                                                .grossSum = "JMLPHSL",
                                                .taxSum = "JmlB5",
@@ -200,6 +182,7 @@ inline constexpr SlipDescription exchangeSales{.form = store::F113311,
 /// Construction services: five rows, three lines, two options that send a row to one of two of them.
 inline constexpr SlipDescription constructionServices{.form = store::F113316,
                                                       .rows = detail::constructionRows,
+                                                      .fields = detail::constructionFields,
                                                       .taxOf = productTimesHundredth,
                                                       .tariffTurn = TariffTurn::BehindEachRow,
                                                       .grossSum = "JMLPHSL",
@@ -213,6 +196,8 @@ inline constexpr SlipDescription constructionServices{.form = store::F113316,
 /// Bonds: computed amounts are rounded to whole rupiah as they are written, in a way of the form's own.
 inline constexpr SlipDescription bonds{.form = store::F113317,
                                        .rows = detail::bondRows,
+                                       .fields = detail::bondFields,
+                                       .remembersTariffs = false,
                                        .defaultTariffs = detail::singleDefaults,
                                        .totals = detail::singleTotals,
                                        .listDate = ListDate::AsItStands,

@@ -13,6 +13,15 @@ namespace {
 
 using store::Statement;
 
+/// A field by its name, nullptr if it is not there. The exact name comes first: nearly every caller knows it.
+const SlipField* findField(std::span<const SlipField> fields, std::string_view name) noexcept {
+  for (const SlipField& field : fields)
+    if (field.name == name) return &field;
+  for (const SlipField& field : fields)
+    if (equalsIgnoreCase(field.name, name)) return &field;
+  return nullptr;
+}
+
 }  // namespace
 
 SlipFrame::SlipFrame(const SlipDescription& description)
@@ -34,9 +43,9 @@ RecordsetPtr SlipFrame::dataMember(std::string_view name) const {
 
 // --- fields ------------------------------------------------------------------------------------------
 
-Variant SlipFrame::field(std::string_view name) const {
+Variant SlipFrame::get(std::string_view fieldName) const {
   Variant value;
-  guarded([&] { value = store::fieldValue(form_, name); });
+  guarded([&] { value = store::fieldValue(form_, fieldName); });
   return value;
 }
 
@@ -58,19 +67,38 @@ std::int16_t SlipFrame::integerField(std::string_view name) const {
   return value;
 }
 
-void SlipFrame::putField(std::string_view name, const Variant& value) {
-  guarded([&] { store::setField(form_, name, value); });
+void SlipFrame::put(std::string_view fieldName, const Variant& value) {
+  guarded([&] {
+    const SlipField* field = findField(description_.fields, fieldName);
+    if (field == nullptr) fail(ErrorNumber::NoSuchMember);
+    write(*field, value);
+  });
 }
 
-void SlipFrame::putAmount(std::string_view name, double value) {
-  guarded([&] {
-    store::setField(form_, name, value);
-    for (const AmountRow& row : description_.rows) {
-      if (name != row.gross && name != row.tariff) continue;
-      store::setField(form_, row.tax,
-                      description_.taxOf(store::fieldValue(form_, row.gross), store::fieldValue(form_, row.tariff)));
-    }
-  });
+Variant SlipFrame::typedValue(const SlipField& field, const Variant& value) {
+  if (field.takesAnyValue) return value;
+  switch (field.kind) {
+    case FieldKind::Text:
+    case FieldKind::Date:
+      return CStr(value);
+    case FieldKind::Amount:
+    case FieldKind::Percent:
+      return CDbl(value);
+    case FieldKind::Option:
+    case FieldKind::WholeNumber:
+      break;
+  }
+  return CInt(value);
+}
+
+void SlipFrame::write(const SlipField& field, const Variant& value) {
+  store::setField(form_, field.name, typedValue(field, value));
+  if (description_.taxOf == nullptr) return;
+  for (const AmountRow& row : description_.rows) {
+    if (field.name != row.gross && field.name != row.tariff) continue;
+    store::setField(form_, row.tax,
+                    description_.taxOf(store::fieldValue(form_, row.gross), store::fieldValue(form_, row.tariff)));
+  }
 }
 
 // --- what is worked out on the loaded slip ----------------------------------------------------------------
@@ -91,7 +119,7 @@ void SlipFrame::rememberOldValues() {
     const AmountRow& row = description_.rows[index];
     OldRow& old = old_.rows[index];
     old.grossRupiah = store::fieldNumberOr(form_, row.gross, 0);
-    old.tariffPercent = store::fieldNumberOr(form_, row.tariff, 0);
+    if (description_.remembersTariffs) old.tariffPercent = store::fieldNumberOr(form_, row.tariff, 0);
     old.taxRupiah = store::fieldNumberOr(form_, row.tax, 0);
   }
   if (description_.remembersTaxSum) old_.taxSumRupiah = store::fieldNumberOr(form_, description_.taxSum, 0);
@@ -147,8 +175,28 @@ store::Period SlipFrame::formPeriod() const {
 
 // --- opening and making rows --------------------------------------------------------------------------
 
-lists::PackedRow SlipFrame::stubStart(const NewSlip& slip) {
-  lists::PackedRow packed(store::packedHead({.npwp = std::string(slip.key.npwp),
+store::DocumentKey SlipFrame::keyOf(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                                    std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                                    std::string_view sNoBukti, std::string_view sJnsPjk) noexcept {
+  return {.npwp = sNPWP,
+          .kdForm = snmForm,
+          .jenisDokumen = sJnsDok,
+          .period = {.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq},
+          .noBukti = sNoBukti,
+          .kdJenisPajak = sJnsPjk};
+}
+
+/// A slip of this form, of whatever filer.
+store::DocumentKey SlipFrame::ownKey(const store::Period& period, std::string_view noBukti) const noexcept {
+  return {.npwp = {},
+          .kdForm = description_.form.kdForm,
+          .jenisDokumen = description_.form.jenisDokumen,
+          .period = period,
+          .noBukti = noBukti};
+}
+
+store::PackedRow SlipFrame::stubStart(const NewSlip& slip) {
+  store::PackedRow packed(store::packedHead({.npwp = std::string(slip.key.npwp),
                                              .name = std::string(slip.filerName),
                                              .address = std::string(slip.filerAddress)},
                                             slip.key.period));
@@ -156,11 +204,23 @@ lists::PackedRow SlipFrame::stubStart(const NewSlip& slip) {
   return packed;
 }
 
-void SlipFrame::createStub(const NewSlip& slip, const std::function<std::string()>& packedText) {
+std::string SlipFrame::stubText(const NewSlip& slip) const { return stubStart(slip).str(); }
+
+void SlipFrame::createStub(const NewSlip& slip) {
   guarded([&] {
     if (!store::isEmptyResult(store_.execute(store::selectOwnDocument(store::FormTable::Induk, slip.key)))) return;
-    store_.execute(store::insertDocument(store::FormTable::Induk, slip.key, packedText(), slip.dateText));
+    store_.execute(store::insertDocument(store::FormTable::Induk, slip.key, stubText(slip), slip.dateText));
   });
+}
+
+void SlipFrame::createSlip(const store::FilerHeader& filer, const store::Period& period, std::string_view noBukti,
+                           Date dateOfSlip) {
+  NewSlip slip{.key = ownKey(period, noBukti),
+               .filerName = filer.name,
+               .filerAddress = filer.address,
+               .dateText = formatDate(dateOfSlip)};
+  slip.key.npwp = filer.npwp;
+  createStub(slip);
 }
 
 void SlipFrame::load(const store::DocumentKey& key) {
@@ -170,6 +230,8 @@ void SlipFrame::load(const store::DocumentKey& key) {
     header_.set(nullptr);
   });
 }
+
+void SlipFrame::loadSlip(const store::Period& period, std::string_view noBukti) { load(ownKey(period, noBukti)); }
 
 void SlipFrame::openRows(const Statement& selection) {
   header_.set(store_.open(selection));
@@ -200,13 +262,15 @@ void SlipFrame::deleteSlip(const store::DocumentKey& key) {
 
 /// Loads the slip under the form's own codes, whatever codes the caller named: those count for the row to delete.
 void SlipFrame::loadForDelete(const store::DocumentKey& key) {
-  store::DocumentKey own = key;
-  own.kdForm = description_.form.kdForm;
-  own.jenisDokumen = description_.form.jenisDokumen;
-  own.kdJenisPajak = store::taxKind;
-  openRows(store::selectDocument(store::FormTable::Induk, own));
+  openRows(store::selectDocument(store::FormTable::Induk, ownKey(key.period, key.noBukti)));
   if (!form_->get_BOF()) form_->MoveFirst();
   header_.set(nullptr);
+}
+
+void SlipFrame::removeSlip(std::string_view npwp, const store::Period& period, std::string_view noBukti) {
+  store::DocumentKey key = ownKey(period, noBukti);
+  key.npwp = npwp;
+  deleteSlip(key);
 }
 
 void SlipFrame::removeStoreRow(const store::DocumentKey& key) const {
@@ -218,14 +282,7 @@ void SlipFrame::pDelete(std::string_view sNPWP, std::string_view snmForm, std::s
                         std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
                         std::string_view /*sUserName*/, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
                         Date /*dTgl_Setor*/) {
-  guarded([&] {
-    removeStoreRow({.npwp = sNPWP,
-                    .kdForm = snmForm,
-                    .jenisDokumen = sJnsDok,
-                    .period = {.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq},
-                    .noBukti = sNoBukti,
-                    .kdJenisPajak = sJnsPjk});
-  });
+  guarded([&] { removeStoreRow(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk)); });
 }
 
 // --- the settings --------------------------------------------------------------------------------------

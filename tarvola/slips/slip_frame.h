@@ -3,21 +3,21 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
-#include "tarvola/lists/packed_row.h"
 #include "tarvola/lists/status_flags.h"
-#include "tarvola/lists/watched_recordset.h"
 #include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_description.h"
 #include "tarvola/store/document_key.h"
+#include "tarvola/store/packed_row.h"
 #include "tarvola/store/statement.h"
 #include "tarvola/store/store_object.h"
+#include "tarvola/store/watched_recordset.h"
 
 namespace tarvola {
 class CF113204;
@@ -32,9 +32,13 @@ namespace tarvola::slips {
 /// it (pGetF...), pAssignOldValues while it is unchanged, pAssignStatus, write properties, pHitPjk, pUpdate. The class
 /// enforces none of this. Amounts are in rupiah, tariffs in percent.
 ///
+/// The operations that bear a form's number stand in the form's own class. Who holds a slip without knowing its form
+/// uses createSlip, loadSlip, removeSlip, put and get.
+///
 /// Every operation shows a failure as a message box and ends normally; what it had written stays.
 class SlipFrame {
  public:
+  virtual ~SlipFrame();
   SlipFrame(const SlipFrame&) = delete;
   SlipFrame& operator=(const SlipFrame&) = delete;
 
@@ -88,23 +92,64 @@ class SlipFrame {
   RecordsetPtr pCheckNoBukti(std::string_view sNPWP, std::int16_t iThPjk, std::string_view strBukti,
                              std::int16_t iKdPembetulan);
 
+  // --- the same for every form ----------------------------------------------------------------------------------
+
+  /// "F113309" to "F113321".
+  [[nodiscard]] std::string_view kdForm() const noexcept { return description_.form.kdForm; }
+  /// The fields that put can write, in the order in which a person fills in the form.
+  [[nodiscard]] std::span<const SlipField> writableFields() const noexcept { return description_.fields; }
+  /// Writes a field of the loaded slip by its name, exactly as the field's property does: put("B13", 1000) of a lottery
+  /// prize slip is aB13(1000), and the row's tax follows. Case does not matter. A field without a property that writes
+  /// it is error 438.
+  void put(std::string_view field, const Variant& value);
+  /// Any named field of the loaded slip; Empty if that fails.
+  Variant get(std::string_view field) const;
+
+  /// Inserts the form's stub row, with every row of an interest slip domestic. A row that exists is left as it is.
+  ///
+  /// The stubs of most forms hold no number of their own: write aNoBukti behind loadSlip and before pAssignOldValues,
+  /// so that the save finds its stub and does not leave it behind.
+  void createSlip(const store::FilerHeader& filer, const store::Period& period, std::string_view noBukti,
+                  Date dateOfSlip);
+  /// Loads a slip; without such a row there is no record.
+  void loadSlip(const store::Period& period, std::string_view noBukti);
+  /// Deletes a slip, its list row, and its share in list and return.
+  void removeSlip(std::string_view npwp, const store::Period& period, std::string_view noBukti);
+
+  // --- fields that every form has ----------------------------------------------------------------------------------
+
+  Variant aTGL_POTONG() const { return get("Tgl_Potong"); }
+  void aTGL_POTONG(const Variant& value) { put("Tgl_Potong", value); }
+  /// NPWP of the filer.
+  Variant aNPWP() const { return get("npwp"); }
+  // The party that tax was withheld from.
+  void aNPWPLT(const Variant& value) { put("NPWPLT", value); }
+  void aNMWPLT(const Variant& value) { put("NMWPLT", value); }
+  void aALMLT(const Variant& value) { put("ALMLT", value); }
+  void aNoBukti(const Variant& value) { put("NoBukti", value); }
+  void aINVOICE(const Variant& value) { put("INVOICE", value); }
+
  protected:
   explicit SlipFrame(const SlipDescription& description);
-  ~SlipFrame();
 
   // --- what a form's class builds its own operations from; each shows its failure itself ------------------------
 
+  static store::DocumentKey keyOf(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                                  std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                                  std::string_view sNoBukti, std::string_view sJnsPjk) noexcept;
   /// A slip that is to be made: its key, and what its packed text says.
   struct NewSlip {
     store::DocumentKey key;
-    std::string_view filerName;
-    std::string_view filerAddress;
-    std::string dateText;
+    std::string_view filerName = {};
+    std::string_view filerAddress = {};
+    std::string dateText = {};
+    /// iOptWP of F113310, iKdPmtg of F113312 and F113316; the other stubs hold none.
+    std::int16_t option = 1;
   };
   /// Inserts a stub row unless the key has a row, which then stays as it is.
-  void createStub(const NewSlip& slip, const std::function<std::string()>& packedText);
+  void createStub(const NewSlip& slip);
   /// The first seven fields of a stub: filer, period, date.
-  static lists::PackedRow stubStart(const NewSlip& slip);
+  static store::PackedRow stubStart(const NewSlip& slip);
   /// Loads the row of a key, whatever its filer.
   void load(const store::DocumentKey& key);
   /// Opens the store rows of a statement and expands them; the raw rows are kept.
@@ -112,13 +157,10 @@ class SlipFrame {
   /// Deletes a slip with its list rows and brings list and return in step.
   void deleteSlip(const store::DocumentKey& key);
 
-  Variant field(std::string_view name) const;
+  // Fields as properties of a plain type give them; 0 or "" behind a failure, as behind a Null.
   std::string textField(std::string_view name) const;
   double numberField(std::string_view name) const;
   std::int16_t integerField(std::string_view name) const;
-  void putField(std::string_view name, const Variant& value);
-  /// Writes a gross, tariff or tax. Behind a gross or tariff the tax of its row follows, unrounded.
-  void putAmount(std::string_view name, double value);
 
   // --- the steps in which a form may differ; they run inside the operation's guard ------------------------------
 
@@ -129,10 +171,18 @@ class SlipFrame {
     double grossChangeRupiah = 0;
     double taxChangeRupiah = 0;
   };
+  /// What a new stub's packed text says.
+  virtual std::string stubText(const NewSlip& slip) const;
+  /// What writing a field does. Behind a gross or tariff the tax of its row follows, unrounded.
+  virtual void write(const SlipField& field, const Variant& value);
   virtual void rememberOldValues();
   virtual void normalise(std::int16_t nrec);
+  /// Runs before the slip is packed.
+  virtual void beforeSave() {}
+  /// Runs before the totals are written and before the return is moved.
   virtual void computeTotals() {}
   virtual void writeTotals(const RecordsetPtr& storeRow);
+  /// Runs behind the saved row, before list and return are moved.
   virtual void beforeRollUp() {}
   virtual ListAmounts listAmounts() const;
   virtual void moveReturnLines(CF113204& mainReturn);
@@ -157,6 +207,7 @@ class SlipFrame {
   void normaliseRows();
   /// The sums of tax and gross over all rows, where the form has fields for them.
   void normaliseSums();
+  /// What the rows hold by now, added up.
   double sumOfGross(RowRange rows) const;
   double sumOfTax(RowRange rows) const;
   /// What amounts become when some rows change from their old values to their new ones, or are taken away with the old
@@ -177,6 +228,8 @@ class SlipFrame {
   [[nodiscard]] const OldValues& oldValues() const noexcept { return old_; }
   [[nodiscard]] const store::StoreObject& storeObject() const noexcept { return store_; }
   [[nodiscard]] store::Period formPeriod() const;
+  /// A value as a field's property takes it.
+  static Variant typedValue(const SlipField& field, const Variant& value);
 
  private:
   store::Statement selectStoredRow() const;
@@ -188,12 +241,13 @@ class SlipFrame {
   void loadForDelete(const store::DocumentKey& key);
   void removeStoreRow(const store::DocumentKey& key) const;
   void putTariff(const DefaultTariff& tariff, double percent);
+  store::DocumentKey ownKey(const store::Period& period, std::string_view noBukti) const noexcept;
 
   const SlipDescription& description_;
   // Destroyed from the last to the first: raw row, named fields, then converter and connection.
   store::StoreObject store_;
   RecordsetPtr form_;
-  lists::WatchedRecordset header_{MoveComplete};
+  store::WatchedRecordset header_{MoveComplete};
 
   /// Filer and period of the slip that was saved last; the list is loaded by them.
   std::string savedNpwp_;

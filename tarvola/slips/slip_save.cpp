@@ -25,6 +25,7 @@ constexpr double noNpwpDivisor = 1.0;
 
 void SlipFrame::pUpdate() {
   guarded([&] {
+    beforeSave();
     // The stored row is found by the old number, so that a save can change it.
     const store::Statement stored = selectStoredRow();
     const std::string packed = store_.pack(form_);

@@ -1,10 +1,8 @@
 #include "tarvola/store/document_key.h"
 
-#include "tarvola/runtime/errors.h"
-#include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/field_access.h"
+#include "tarvola/store/packed_row.h"
 #include "tarvola/store/store_object.h"
-#include "tarvola/store/store_texts.h"
 
 namespace tarvola::store {
 namespace {
@@ -14,10 +12,6 @@ FilerHeader filerFrom(const RecordsetPtr& profile, std::string_view name, std::s
   return {.npwp = fieldTextOr(profile, "NPWP", ""),
           .name = fieldTextOr(profile, name, ""),
           .address = fieldTextOr(profile, address, "")};
-}
-
-void refuseSeparator(std::string_view field, std::string_view value) {
-  if (value.find(';') != std::string_view::npos) fail(ErrorNumber::InvalidProcedureCall, separatorInFieldText(field));
 }
 
 }  // namespace
@@ -72,13 +66,10 @@ FilerHeader filerOfPartnerColumns(const RecordsetPtr& profile) {
 }
 
 std::string packedHead(const FilerHeader& filer, const Period& period) {
-  refuseSeparator("NPWP", filer.npwp);
-  refuseSeparator("NmWP", filer.name);
-  refuseSeparator("ALM", filer.address);
-  std::string head = filer.npwp + ";" + filer.name + ";" + filer.address;
-  for (const std::int16_t number : {period.msPajak, period.thPajak, period.kdPembetulanKe})
-    head.append(";").append(CStr(std::int32_t{number}));
-  return head;
+  PackedRow head;
+  head.text("NPWP", filer.npwp).text("NmWP", filer.name).text("ALM", filer.address);
+  head.whole(period.msPajak).whole(period.thPajak).whole(period.kdPembetulanKe);
+  return head.str();
 }
 
 }  // namespace tarvola::store

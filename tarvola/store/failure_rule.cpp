@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "tarvola/runtime/error_texts.h"
+
 namespace tarvola {
 
 std::string currentFailureDescription() noexcept {
@@ -14,7 +16,7 @@ std::string currentFailureDescription() noexcept {
   } catch (const std::exception& error) {
     return error.what();
   } catch (...) {
-    return "Application-defined or object-defined error";
+    return std::string(unknownErrorText);
   }
 }
 

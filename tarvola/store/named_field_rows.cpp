@@ -13,27 +13,6 @@ namespace {
 
 constexpr std::size_t noRow = std::numeric_limits<std::size_t>::max();
 
-ado::Cell cellOf(const Variant& value) {
-  switch (value.type()) {
-    case Variant::Type::Null:
-      return ado::Cell::null();
-    case Variant::Type::Integer:
-      return ado::Cell::integer(value.integer());
-    case Variant::Type::Long:
-      return ado::Cell::longInteger(value.longInteger());
-    case Variant::Type::Double:
-      return ado::Cell::number(value.number());
-    case Variant::Type::Boolean:
-      return ado::Cell::boolean(value.boolean());
-    case Variant::Type::Date:
-      return ado::Cell::date(value.date());
-    case Variant::Type::String:
-      return ado::Cell::text(value.string());
-    default:
-      return {};
-  }
-}
-
 /// A value as the field at that place holds it.
 Variant convertForPlace(const Variant& value, const FieldPlace& place, ado::ColumnType columnType) {
   if (place.origin == FieldPlace::Origin::Plain || value.isNull()) return ado::convertForColumn(value, columnType);
@@ -76,7 +55,7 @@ const NamedFieldRows* NamedFieldRows::behind(const Recordset& rows) {
 }
 
 ado::Cell NamedFieldRows::cell(std::size_t row, std::size_t column) const {
-  if (const Variant* value = written(row, column)) return cellOf(*value);
+  if (const Variant* value = written(row, column)) return ado::Cell::of(*value);
   if (row >= texts_.size()) return {};
   const FieldPlace& place = expansion_->places[column];
   if (place.origin == FieldPlace::Origin::Plain) return source_->cell(rowNumbers_[row], place.index);

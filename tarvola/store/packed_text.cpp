@@ -1,7 +1,9 @@
 #include "tarvola/store/packed_text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "tarvola/runtime/regional_settings.h"
@@ -51,27 +53,47 @@ ado::Cell wholeCell(std::int32_t value, FieldType type) noexcept {
   return isInteger ? ado::Cell::integer(static_cast<std::int16_t>(value)) : ado::Cell::longInteger(value);
 }
 
+constexpr std::uint64_t eachByte = 0x0101010101010101U;
+
+/// Eight characters as a number whose lowest byte is the first.
+static_assert(std::endian::native == std::endian::little);
+std::uint64_t eightFrom(const char* text) noexcept {
+  std::uint64_t eight = 0;
+  std::memcpy(&eight, text, sizeof eight);
+  return eight;
+}
+
+/// The highest bit of every byte that is a separator, and no other bit.
+constexpr std::uint64_t separatorsIn(std::uint64_t eight) noexcept {
+  const std::uint64_t differences = eight ^ (eachByte * static_cast<unsigned char>(fieldSeparator));
+  const std::uint64_t lowBitsSet = (differences & ~(eachByte << 7U)) + ~(eachByte << 7U);
+  return ~(lowBitsSet | differences) & (eachByte << 7U);
+}
+
 }  // namespace
 
 void PackedText::cut(std::string_view text) {
   text_ = text;
-  count_ = text.empty() ? 0 : 1;
   if (starts_.size() < text.size() + 2) starts_.resize(text.size() + 2);
   std::uint32_t* const starts = starts_.data();
   starts[0] = 0;
-  // The next start is written at every character and counts only behind a separator: no branch that could miss.
   std::size_t count = 1;
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    starts[count] = static_cast<std::uint32_t>(index + 1);
-    count += text[index] == fieldSeparator ? 1U : 0U;
-  }
+  std::size_t index = 0;
+  for (; index + sizeof(std::uint64_t) <= text.size(); index += sizeof(std::uint64_t))
+    for (std::uint64_t found = separatorsIn(eightFrom(text.data() + index)); found != 0; found &= found - 1)
+      starts[count++] = static_cast<std::uint32_t>(index + static_cast<std::size_t>(std::countr_zero(found)) / 8 + 1);
+  for (; index < text.size(); ++index)
+    if (text[index] == fieldSeparator) starts[count++] = static_cast<std::uint32_t>(index + 1);
   starts[count] = static_cast<std::uint32_t>(text.size() + 1);
-  if (count_ != 0) count_ = count;
+  count_ = text.empty() ? 0 : count;
 }
 
 std::size_t countFields(std::string_view text) noexcept {
   if (text.empty()) return 0;
-  return static_cast<std::size_t>(std::count(text.begin(), text.end(), fieldSeparator)) + 1;
+  std::size_t count = 1;
+  for (; text.size() >= sizeof(std::uint64_t); text.remove_prefix(sizeof(std::uint64_t)))
+    count += static_cast<std::size_t>(std::popcount(separatorsIn(eightFrom(text.data()))));
+  return count + static_cast<std::size_t>(std::count(text.begin(), text.end(), fieldSeparator));
 }
 
 std::optional<std::string_view> sharedPart(std::string_view position, std::size_t part,

@@ -64,9 +64,13 @@ DatFormConverter& StoreObject::converter() const {
 
 RecordsetPtr StoreObject::open(std::string_view statement) const {
   RecordsetPtr rows = Recordset::create();
-  rows->put_CursorLocation(adUseClient);
-  rows->Open(statement, connection(), adOpenStatic, adLockOptimistic, adCmdText);
+  openInto(*rows, statement);
   return rows;
+}
+
+void StoreObject::openInto(Recordset& rows, std::string_view statement) const {
+  rows.put_CursorLocation(adUseClient);
+  rows.Open(statement, connection(), adOpenStatic, adLockOptimistic, adCmdText);
 }
 
 RecordsetPtr StoreObject::execute(std::string_view statement) const {

@@ -57,6 +57,8 @@ class StoreObject {
   /// A new recordset with the rows of a text, client side, static, optimistic: the way every class opens rows that it
   /// writes to.
   [[nodiscard]] RecordsetPtr open(std::string_view statement) const;
+  /// The same with a recordset that its owner holds already: a text that fails leaves it closed.
+  void openInto(Recordset& rows, std::string_view statement) const;
   /// Runs a text through the connection: a read-only snapshot of a SELECT, a closed recordset of anything else.
   RecordsetPtr execute(std::string_view statement) const;
 

@@ -16,4 +16,10 @@ std::string unknownFormText(std::string_view formCode) {
 
 std::string noNamedFieldsText() { return "The recordset does not hold the named fields of a form."; }
 
+std::string unknownReturnKindText(std::string_view kdJenisPajak) {
+  std::string result = "No return has the tax kind '";
+  result += kdJenisPajak;
+  return result += "'. Nothing was removed.";
+}
+
 }  // namespace tarvola::store

@@ -284,6 +284,39 @@ TEST(ChaptersOfSpecialKeys, AreFoundByTheWholeValue) {
   EXPECT_EQ(namesOf(*orders->get_Collect("Lines").recordset()), "it's IT'S");
 }
 
+TEST(ChaptersOfSpecialKeys, AreNotReadTwiceForParentsThatDifferInCaseAlone) {
+  const StockStore store;
+  store.addOrder("d1", 5, "small");
+  store.addOrder("D1", 5, "large");
+  store.addLine("a", "D1", 5);
+  const RecordsetPtr orders =
+      store.open("SHAPE {SELECT * FROM ORDERS} APPEND ({SELECT * FROM LINES} RELATE KIND TO KIND) AS Lines");
+  EXPECT_EQ(namesOf(*orders->get_Collect("Lines").recordset()), "a");
+  orders->MoveNext();
+  EXPECT_EQ(namesOf(*orders->get_Collect("Lines").recordset()), "a");
+}
+
+TEST(ChaptersOfSpecialKeys, AreFoundWithoutRegardToTheCaseOfAnyLetter) {
+  const StockStore store;
+  store.addOrder("CAF\u00c9", 5, "large");
+  store.addLine("a", "caf\u00e9", 5);
+  const RecordsetPtr orders =
+      store.open("SHAPE {SELECT * FROM ORDERS} APPEND ({SELECT * FROM LINES} RELATE KIND TO KIND) AS Lines");
+  EXPECT_EQ(namesOf(*orders->get_Collect("Lines").recordset()), "a");
+}
+
+TEST(ChaptersOfSpecialKeys, AreFoundByAllDigitsOfAFraction) {
+  const StockStore store;
+  const RecordsetPtr goods = store.goods();
+  goods->AddNew();
+  goods->put_Collect("NAME", "axe");
+  goods->put_Collect("PRICE", 0.1 + 0.2);
+  goods->Update();
+  const RecordsetPtr shaped =
+      store.open("SHAPE {SELECT * FROM GOODS} APPEND ({SELECT * FROM GOODS} RELATE PRICE TO PRICE) AS Same");
+  EXPECT_EQ(namesOf(*shaped->get_Collect("Same").recordset()), "axe");
+}
+
 TEST(ChaptersOfOtherTypes, AreRelatedByTheChildColumnsType) {
   const StockStore store;
   store.run("INSERT INTO ORDERS (KIND, NOTE) VALUES ('5', 'text five')");

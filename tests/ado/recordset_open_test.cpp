@@ -49,6 +49,16 @@ TEST(RecordsetOpen, OfAnOpenOneIsError3705) {
   EXPECT_EQ(errorOf([&] { goods->put_CursorLocation(adUseClient); }), number(ErrorNumber::ObjectOpen));
 }
 
+TEST(RecordsetOpen, HoldsItsRowsWithTheClientWhateverWasAskedFor) {
+  const StockStore store;
+  const RecordsetPtr goods = Recordset::create();
+  goods->put_CursorLocation(2);
+  EXPECT_EQ(goods->get_CursorLocation(), 2);
+  goods->Open("SELECT * FROM GOODS", store.connection());
+  EXPECT_EQ(goods->get_CursorLocation(), adUseClient);
+  EXPECT_EQ(store.connection()->Execute("SELECT * FROM GOODS")->get_CursorLocation(), adUseClient);
+}
+
 TEST(RecordsetOpen, WithoutAUsableConnectionIsError3709) {
   const RecordsetPtr recordset = Recordset::create();
   EXPECT_EQ(errorOf([&] { recordset->Open("SELECT * FROM GOODS", nullptr); }), number(ErrorNumber::ConnectionUnusable));

@@ -142,6 +142,15 @@ TEST(ShapeKeys, AreTheDistinctKeysOfTheParentsAsLiterals) {
   EXPECT_EQ(*conditions, (std::vector<std::string>{"K = 'D''1' AND M = 5", "K = 'D2' AND M = 5"}));
 }
 
+TEST(ShapeKeys, ThatDifferInCaseAloneAreOne) {
+  const auto rows = parents();
+  addParent(*rows, "Da", 5);
+  addParent(*rows, "dA", 5);
+  const auto conditions = keyConditions(*rows, bothColumns, bothNames);
+  ASSERT_TRUE(conditions);
+  EXPECT_EQ(*conditions, (std::vector<std::string>{"K = 'Da' AND M = 5"}));
+}
+
 TEST(ShapeKeys, AreNotUsedWhenThereAreMoreThanFifty) {
   const auto rows = parents();
   for (int month = 1; month <= 50; ++month) addParent(*rows, "D", month);

@@ -118,17 +118,15 @@ TEST_F(ReturnProperties, ReadWhatTheFieldHolds) {
 }
 
 TEST_F(ReturnProperties, ComputeNothingBesideTheirField) {
-  const std::int32_t count = mainReturn_.rs4_2Form()->rows()->columns().count() > 0
-                                 ? static_cast<std::int32_t>(mainReturn_.rs4_2Form()->rows()->columns().count())
-                                 : 0;
+  const RecordsetPtr form = mainReturn_.rs4_2Form();
+  const ado::Columns& columns = form->rows()->columns();
   std::vector<Variant> before;
-  for (std::int32_t field = 0; field < count; ++field) before.push_back(mainReturn_.rs4_2Form()->get_Collect(field));
+  for (std::size_t field = 0; field < columns.count(); ++field)
+    before.push_back(form->get_Collect(columns[field].name));
   mainReturn_.aB43(1000);
   std::vector<std::string> changed;
-  for (std::int32_t field = 0; field < count; ++field) {
-    if (!(mainReturn_.rs4_2Form()->get_Collect(field) == before[static_cast<std::size_t>(field)]))
-      changed.push_back(mainReturn_.rs4_2Form()->rows()->columns()[static_cast<std::size_t>(field)].name);
-  }
+  for (std::size_t field = 0; field < columns.count(); ++field)
+    if (!(form->get_Collect(columns[field].name) == before[field])) changed.push_back(columns[field].name);
   EXPECT_THAT(changed, ElementsAre("B43"));
 }
 

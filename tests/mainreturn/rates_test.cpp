@@ -1,5 +1,6 @@
 #include "tarvola/mainreturn/return_lines.h"
 #include "tarvola/runtime/regional_settings.h"
+#include "tarvola/store/CGeneralClass.h"
 #include "tests/mainreturn/return_fixture.h"
 
 using testing::ElementsAre;
@@ -179,6 +180,14 @@ TEST_F(AverageRate, FailsForANullTaxOfAGrossThatIsThere) {
   addSlip({{"Total_Bruto", "1000"}, {"Total_PPh", "Null"}});
   EXPECT_EQ(of(""), 0);
   EXPECT_THAT(messages_.texts(), ElementsAre(description(ErrorNumber::InvalidUseOfNull)));
+}
+
+TEST_F(AverageRate, AndDefaultRateDoNotChangeForFilersWithoutAnNpwp) {
+  addSlip({{"Total_Bruto", "1000"}, {"Total_PPh", "150"}});
+  CGeneralClass general;
+  general.pSet_NonNPWP_4a2(true, 120);
+  EXPECT_EQ(of(""), 15);
+  EXPECT_EQ(mainReturn_.pGetDefaultTaxRate(4, "B14", "F113309"), 25);
 }
 
 // --- the rates of a new return ------------------------------------------------------------------------------------

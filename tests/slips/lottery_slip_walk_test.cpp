@@ -163,9 +163,8 @@ TEST_F(LotteryWalk, LoadsEverySlipAsItWasSaved) {
     CF113309 slip;
     begin(slip, number);
     putSomePrizes(slip, random);
-    for (const auto put : {&CF113309::aB12, &CF113309::aB22, &CF113309::aB32, &CF113309::aB42, &CF113309::aB52,
-                           &CF113309::aB62, &CF113309::aNPWPLT, &CF113309::aNMWPLT, &CF113309::aALMLT})
-      (slip.*put)(someText());
+    for (const auto* field : {"B12", "B22", "B32", "B42", "B52", "B62", "NPWPLT", "NMWPLT", "ALMLT"})
+      slip.put(field, someText());
     slip.aINVOICE("INV " + std::to_string(time));
     slip.pHitPjk(1);
     const std::string saved = SlipStore::joined(slip.rs4_2Form(), all);

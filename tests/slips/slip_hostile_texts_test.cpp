@@ -111,6 +111,7 @@ TEST_F(SlipSeparators, StopASaveBeforeTheStoreIsTouched) {
     slip.pHitPjk(1);
     slip.pUpdate();
     EXPECT_EQ(messages.texts().size(), 1U);
+    EXPECT_EQ(slip.dataMember("Primary"), nullptr);
     EXPECT_EQ(store.dump(), before);
   }
 }

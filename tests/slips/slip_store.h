@@ -52,11 +52,48 @@ class SlipStore : public OpenStore {
 
   [[nodiscard]] static std::string joined(const RecordsetPtr& row, std::initializer_list<std::string_view> fields) {
     std::string text;
-    for (const std::string_view field : fields)
-      text += (text.empty() ? "" : ";") + store::fieldTextOr(row, field, "-null-");
+    const char* separator = "";
+    for (const std::string_view field : fields) {
+      text += separator + store::fieldTextOr(row, field, "-null-");
+      separator = ";";
+    }
     return text;
   }
 };
+
+// --- the road of a slip of any form ------------------------------------------------------------------------
+
+/// Starts a new slip: stub, load, number, old values, status, payee. The number comes before the old values, since most
+/// stubs hold none.
+inline void startSlip(slips::SlipFrame& slip, std::string_view number, const store::Period& period = january) {
+  slip.createSlip(
+      {.npwp = std::string(filerNpwp), .name = std::string(filerName), .address = std::string(filerAddress)}, period,
+      number, Date::fromYmd(2009, 1, 5));
+  slip.loadSlip(period, number);
+  slip.aNoBukti(number);
+  slip.pAssignOldValues();
+  slip.pAssignStatus(true, false, false);
+  slip.aNPWPLT("021832415000000");
+  slip.aNMWPLT("Ani");
+  slip.aALMLT("Bandung");
+}
+
+/// Loads a slip for an edit: old values, status.
+inline void startEdit(slips::SlipFrame& slip, std::string_view number, const store::Period& period = january) {
+  slip.loadSlip(period, number);
+  slip.pAssignOldValues();
+  slip.pAssignStatus(false, true, false);
+}
+
+inline void save(slips::SlipFrame& slip) {
+  slip.pHitPjk(1);
+  slip.pUpdate();
+}
+
+/// Fields of a loaded slip, with ";" between them.
+inline std::string fieldsOf(const slips::SlipFrame& slip, std::initializer_list<std::string_view> names) {
+  return SlipStore::joined(slip.rs4_2Form(), names);
+}
 
 // --- the road of a lottery prize slip --------------------------------------------------------------------
 

@@ -1,5 +1,6 @@
 #include "tarvola/store/new_store.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tarvola/ado/engine/session.h"
@@ -11,6 +12,7 @@ namespace tarvola {
 namespace {
 
 using test::StoreFixture;
+using testing::ElementsAre;
 
 std::vector<std::string> columnNames(ado::Session& session, const std::string& table) {
   const ado::RowsPtr rows = session.run("SELECT * FROM " + table).rows;
@@ -27,6 +29,18 @@ class NewStore : public testing::Test {
     std::string text;
     if (rows->count() == 1) rows->cell(0, 0).appendText(text);
     return text;
+  }
+
+  /// The rows of a statement, fields parted by "|".
+  std::vector<std::string> rowsOf(const std::string& statement) {
+    const ado::RowsPtr rows = session_->run(statement).rows;
+    std::vector<std::string> texts(rows->count());
+    for (std::size_t row = 0; row < rows->count(); ++row)
+      for (std::size_t column = 0; column < rows->columns().count(); ++column) {
+        if (column > 0) texts[row] += '|';
+        rows->cell(row, column).appendText(texts[row]);
+      }
+    return texts;
   }
 
   StoreFixture store_;
@@ -48,6 +62,25 @@ TEST_F(NewStore, HoldsTheColumnsOfDocumentsInTheirOrder) {
     slip.emplace_back(name);
   }
   EXPECT_EQ(columnNames(*session_, "DS_FORM_INDUK"), slip);
+}
+
+TEST_F(NewStore, HoldsTheColumnsOfItsOtherTablesInTheirOrder) {
+  EXPECT_THAT(columnNames(*session_, "D113210"),
+              ElementsAre("NPWP", "NMWP", "ALM", "MS_PAJAK", "TH_PAJAK", "KD_PEMBETULAN_KE", "TGL_POTONG", "NOBUKTI",
+                          "JENIS", "TEMPAT", "BRUTO", "TARIF", "PPH", "ATR1", "ATR2"));
+  EXPECT_THAT(columnNames(*session_, "DATSSP"),
+              ElementsAre("TableKey", "KodePasal", "NPWP", "MsPjk", "ThPjk", "KdPmbtln", "KdMAP", "KdJnsStr", "TglSSP",
+                          "NTPP", "JmlByr", "Catatan", "NoSK"));
+  EXPECT_THAT(columnNames(*session_, "SETTING_NOBUKTI_PPH"), ElementsAre("PASAL", "FORMAT_STRING", "NO_URUT"));
+  EXPECT_THAT(columnNames(*session_, "SETTING_TARIF_PPH"),
+              ElementsAre("PASAL", "KODE_FORM", "ITEM_PENGHASILAN", "TARIF_JML_BRUTO"));
+  EXPECT_THAT(columnNames(*session_, "BURSA"), ElementsAre("BURSA", "ID"));
+  EXPECT_THAT(columnNames(*session_, "JENIS_KOMODITI"),
+              ElementsAre("KODE_KOMODITI", "NAMA_KOMODITI", "PASAL", "TARIF"));
+  EXPECT_THAT(columnNames(*session_, "PARTNER_INFO"),
+              ElementsAre("NPWP_PARTNER", "NAMA_WP_PARTNER", "ALAMAT_PARTNER", "KODE_POS_PARTNER", "TELEPON_PARTNER"));
+  EXPECT_THAT(columnNames(*session_, "REF_SSP_NEW"), ElementsAre("KDMAP_LAMA", "KDMAP_BARU"));
+  EXPECT_THAT(columnNames(*session_, "DS_REF_JENIS_PAJAK"), ElementsAre("KD_JENIS_PAJAK", "KD_DOK_TRV", "URAIAN"));
 }
 
 TEST_F(NewStore, HoldsTheColumnsOfATransferAtTheirPlaces) {
@@ -74,8 +107,6 @@ TEST_F(NewStore, TakesATransferByPosition) {
 }
 
 TEST_F(NewStore, HoldsTheFilerUnderBothNames) {
-  const test::StoreFixture& store = store_;
-  ASSERT_FALSE(store.path().empty());
   EXPECT_EQ(only("SELECT NPWP FROM PROFILE"), "013121660091000");
   EXPECT_EQ(only("SELECT NAMA_WP_PARTNER FROM PROFILE"), "PT Contoh Sejahtera");
   EXPECT_EQ(only("SELECT NAMA_WP_PROFILE FROM PROFILE"), "PT Contoh Sejahtera");
@@ -87,28 +118,38 @@ TEST_F(NewStore, HoldsTheFilerUnderBothNames) {
 }
 
 TEST_F(NewStore, IsDeliveredWithTheDefaultRates) {
-  EXPECT_EQ(session_->run("SELECT * FROM SETTING_TARIF_PPH WHERE PASAL = 4").rows->count(), 15U);
-  const auto rate = [&](const std::string& form, const std::string& item) {
-    return only("SELECT TARIF_JML_BRUTO FROM SETTING_TARIF_PPH WHERE KODE_FORM = '" + form +
-                "' AND ITEM_PENGHASILAN = '" + item + "'");
-  };
-  EXPECT_EQ(rate("F113309", "B14"), "25");
-  EXPECT_EQ(rate("F113310", "WP LN"), "20");
-  EXPECT_EQ(rate("F113311", "B14"), "0,5");
-  EXPECT_EQ(rate("F113311", "B24"), "0,1");
-  EXPECT_EQ(rate("F113316", "B34"), "3");
-  EXPECT_EQ(rate("F113317", "Tarif"), "15");
-  EXPECT_EQ(rate("F113320", "Tarif"), "2,5");
-  EXPECT_EQ(rate("F113321", "Tarif"), "10");
+  EXPECT_THAT(rowsOf("SELECT PASAL, KODE_FORM, ITEM_PENGHASILAN, TARIF_JML_BRUTO FROM SETTING_TARIF_PPH"),
+              ElementsAre("4|F113309|B14|25", "4|F113310|WP DN|20", "4|F113310|WP LN|20", "4|F113311|B14|0,5",
+                          "4|F113311|B24|0,1", "4|F113312|Tarif|10", "4|F113316|B14|2", "4|F113316|B24|4",
+                          "4|F113316|B34|3", "4|F113316|B44|4", "4|F113316|B54|6", "4|F113317|Tarif|15",
+                          "4|F113319|Tarif|10", "4|F113320|Tarif|2,5", "4|F113321|Tarif|10"));
 }
 
-TEST_F(NewStore, IsDeliveredWithItsReferenceTables) {
-  EXPECT_EQ(only("SELECT MAX(ID) FROM BURSA"), "3");
+TEST_F(NewStore, IsDeliveredWithTheExchangesAndTheAccountCodes) {
+  EXPECT_THAT(rowsOf("SELECT BURSA, ID FROM BURSA"),
+              ElementsAre("Bursa Efek Indonesia|1", "Bursa Efek Jakarta|2", "Bursa Efek Surabaya|3"));
   EXPECT_EQ(only("SELECT ID FROM BURSA WHERE BURSA = 'bursa efek indonesia'"), "1");
-  EXPECT_EQ(only("SELECT KDMAP_BARU FROM REF_SSP_NEW WHERE KDMAP_LAMA = '0118'"), "411128");
-  EXPECT_EQ(session_->run("SELECT * FROM DS_REF_JENIS_PAJAK WHERE KD_JENIS_PAJAK = '113'").rows->count(), 18U);
-  EXPECT_EQ(only("SELECT URAIAN FROM DS_REF_JENIS_PAJAK WHERE KD_DOK_TRV = '20'"),
-            "Daftar Bunga Deposito/Tabungan, Diskonto SBI, Jasa Giro");
+  EXPECT_THAT(rowsOf("SELECT KDMAP_LAMA, KDMAP_BARU FROM REF_SSP_NEW"),
+              ElementsAre("0118|411128", "0171|411611", "0172|411619", "0173|411621"));
+}
+
+TEST_F(NewStore, IsDeliveredWithANameForEveryDocument) {
+  const std::string slip = "Bukti Pemotongan/Pemungutan PPh Final Pasal 4 Ayat (2)";
+  const std::string rent = "Persewaan Tanah dan/atau Bangunan";
+  const std::string transfer = "Pengalihan Hak atas Tanah dan/atau Bangunan";
+  EXPECT_THAT(
+      rowsOf("SELECT KD_DOK_TRV, URAIAN FROM DS_REF_JENIS_PAJAK WHERE KD_JENIS_PAJAK = '113'"),
+      ElementsAre("01|SPT Masa PPh Final Pasal 4 Ayat (2)", "02|" + slip + " atas Hadiah Undian",
+                  "03|" + slip + " atas Bunga Deposito/Tabungan, Diskonto SBI, Jasa Giro",
+                  "04|" + slip + " atas Penjualan Saham yang Diperdagangkan di Bursa Efek",
+                  "05|" + slip + " atas " + rent, "06|" + slip + " atas Usaha Jasa Konstruksi",
+                  "07|" + slip + " atas Bunga dan/atau Diskonto Obligasi dan Surat Berharga Negara",
+                  "08|Daftar " + slip, "11|Daftar " + rent + " disetor sendiri",
+                  "12|Formulir " + rent + " disetor sendiri", "13|Daftar Jasa Konstruksi disetor sendiri",
+                  "14|Formulir Jasa Konstruksi disetor sendiri", "15|" + slip + " atas Bunga Simpanan Koperasi",
+                  "16|" + slip + " atas Kontrak Berjangka", "17|" + slip + " atas Dividen Orang Pribadi Dalam Negeri",
+                  "18|Daftar " + transfer + " disetor sendiri", "19|Formulir " + transfer + " disetor sendiri",
+                  "20|Daftar Bunga Deposito/Tabungan, Diskonto SBI, Jasa Giro"));
 }
 
 TEST_F(NewStore, HoldsNoDocumentAndNoTableOfOlderStores) {

@@ -41,22 +41,7 @@ void Binder::bindLiterals(sqlite3_stmt* statement, const std::vector<sql::Litera
 }
 
 void Binder::bindValue(sqlite3_stmt* statement, int parameter, const Variant& value, std::string& scratch) const {
-  switch (value.type()) {
-    case Variant::Type::String:
-      return bindText(statement, parameter, value.string());
-    case Variant::Type::Integer:
-      return check(sqlite3_bind_int64(statement, parameter, value.integer()));
-    case Variant::Type::Long:
-      return check(sqlite3_bind_int64(statement, parameter, value.longInteger()));
-    case Variant::Type::Boolean:
-      return check(sqlite3_bind_int64(statement, parameter, value.boolean() ? -1 : 0));
-    case Variant::Type::Double:
-      return check(sqlite3_bind_double(statement, parameter, value.number()));
-    case Variant::Type::Date:
-      return bindCell(statement, parameter, Cell::date(value.date()), scratch);
-    default:
-      return check(sqlite3_bind_null(statement, parameter));
-  }
+  bindCell(statement, parameter, Cell::of(value), scratch);
 }
 
 }  // namespace tarvola::ado::engine::sqlite

@@ -1,10 +1,10 @@
-#include "tarvola/lists/packed_row.h"
+#include "tarvola/store/packed_row.h"
 
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/store_texts.h"
 
-namespace tarvola::lists {
+namespace tarvola::store {
 
 void PackedRow::separate() {
   if (started_) text_ += ';';
@@ -25,7 +25,7 @@ PackedRow& PackedRow::amount(double value) {
 
 PackedRow& PackedRow::text(std::string_view fieldName, std::string_view value) {
   if (value.find(';') != std::string_view::npos) {
-    fail(ErrorNumber::InvalidProcedureCall, store::separatorInFieldText(fieldName));
+    fail(ErrorNumber::InvalidProcedureCall, separatorInFieldText(fieldName));
   }
   separate();
   text_ += value;
@@ -38,4 +38,4 @@ PackedRow& PackedRow::fields(const PackedRow& behind) {
   return *this;
 }
 
-}  // namespace tarvola::lists
+}  // namespace tarvola::store

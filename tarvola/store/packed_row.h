@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-namespace tarvola::lists {
+namespace tarvola::store {
 
 /// The packed text (DAT_FORM) of a row being put together in the order of its fields, with ";" between them.
 class PackedRow {
@@ -32,4 +32,4 @@ class PackedRow {
   bool started_ = false;
 };
 
-}  // namespace tarvola::lists
+}  // namespace tarvola::store

@@ -5,7 +5,7 @@
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
 
-namespace tarvola::lists {
+namespace tarvola::store {
 
 /// A recordset member whose moves its owner passes on: each MoveComplete of the recordset raises the owner's event. A
 /// recordset that takes its place is heard from then on, the one before is not; WillChangeRecord is not listened to.
@@ -36,4 +36,4 @@ class WatchedRecordset {
   Event<>::Token token_ = 0;
 };
 
-}  // namespace tarvola::lists
+}  // namespace tarvola::store

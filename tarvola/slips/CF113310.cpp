@@ -1,0 +1,286 @@
+#include "tarvola/slips/CF113310.h"
+
+#include <cstddef>
+
+#include "tarvola/lists/interest_sums.h"
+#include "tarvola/mainreturn/CF113204.h"
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/store/failure_rule.h"
+#include "tarvola/store/field_access.h"
+
+namespace tarvola {
+namespace {
+
+using slips::ReturnLine;
+
+/// The options of a row of deposits. The deposits are the first rows of the form.
+struct Options {
+  std::string_view domestic;
+  std::string_view foreign;
+};
+constexpr std::array<Options, 5> depositOptions = {{{.domestic = "OPTDN1", .foreign = "OPTLN1"},
+                                                    {.domestic = "OPTDN2", .foreign = "OPTLN2"},
+                                                    {.domestic = "OPTDN3", .foreign = "OPTLN3"},
+                                                    {.domestic = "OPTDN4", .foreign = "OPTLN4"},
+                                                    {.domestic = "OPTDN5", .foreign = "OPTLN5"}}};
+constexpr std::size_t depositCount = depositOptions.size();
+constexpr std::size_t sbiRow = 5;
+constexpr std::size_t giroRow = 6;
+
+constexpr std::string_view domesticSide = "DN";
+constexpr std::string_view foreignSide = "LN";
+
+/// Places in the form's lines of the return, and the line that has a text and no default tariff.
+constexpr std::size_t domesticLine = 0;
+constexpr std::size_t foreignLine = 1;
+constexpr std::size_t sbiLine = 2;
+constexpr std::size_t giroLine = 3;
+constexpr std::string_view otherText = "B11a";
+constexpr ReturnLine otherLine{.gross = "B11a3", .tariff = "B11a4", .tax = "B11a5", .rows = {.first = 7, .count = 1}};
+/// What the text line is called once other interest of several slips stands in it.
+constexpr std::string_view severalKinds = "Lain-Lain";
+
+void floorAtZero(const RecordsetPtr& returnRow, std::string_view field) {
+  if (store::fieldNumber(returnRow, field) < 0) store::setField(returnRow, field, 0.0);
+}
+
+}  // namespace
+
+void CF113310::pCreateF113310Hdr(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                                 std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                                 std::string_view sNoBukti, std::string_view sJnsPjk, std::string_view sNmWP,
+                                 std::string_view sAlamat, std::string_view dTgl_Setor, std::int16_t iOptWP) {
+  createStub({.key = keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk),
+              .filerName = sNmWP,
+              .filerAddress = sAlamat,
+              .dateText = std::string(dTgl_Setor),
+              .option = iOptWP});
+}
+
+/// Behind the eight leading fields the options of the five rows of deposits, in pairs.
+std::string CF113310::stubText(const NewSlip& slip) const {
+  constexpr std::int16_t domestic = 1;
+  constexpr std::int16_t onNoSide = 2;
+  if (slip.option != domestic && slip.option != onNoSide) return {};
+  store::PackedRow packed = stubStart(slip).text("NoBukti", slip.key.noBukti);
+  for (std::size_t row = 0; row < depositCount; ++row) packed.whole(slip.option == domestic ? 1 : 0).whole(0);
+  return packed.str();
+}
+
+void CF113310::pGetF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
+                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
+                           Date /*dTgl_Setor*/) {
+  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
+}
+
+void CF113310::pDeleteF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                              std::string_view sNoBukti, std::string_view sJnsPjk) {
+  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
+}
+
+// --- totals ------------------------------------------------------------------------------------------------
+
+void CF113310::pHitTotalF113310() {
+  Sides sides;
+  for (std::size_t index = 0; index < depositCount; ++index) {
+    const slips::AmountRow& row = description().rows[index];
+    const auto addTo = [&](Amounts& side) {
+      side.grossRupiah += store::fieldNumber(namedFields(), row.gross);
+      side.taxRupiah += store::fieldNumber(namedFields(), row.tax);
+    };
+    if (store::fieldInteger(namedFields(), depositOptions[index].domestic) == 1) addTo(sides.domestic);
+    if (store::fieldInteger(namedFields(), depositOptions[index].foreign) == 1) addTo(sides.foreign);
+  }
+  sides_ = sides;
+}
+
+void CF113310::rememberOldValues() {
+  SlipFrame::rememberOldValues();
+  oldSides_ = {};
+  oldSlipGross_ = 0;
+  for (const OldRow& row : oldValues().rows) oldSlipGross_ += row.grossRupiah;
+  for (std::size_t index = 0; index < depositCount; ++index) {
+    const OldRow& row = oldValues().rows[index];
+    const auto addTo = [&](Amounts& side) {
+      side.grossRupiah += row.grossRupiah;
+      side.taxRupiah += row.taxRupiah;
+    };
+    if (store::fieldNumberOr(namedFields(), depositOptions[index].domestic, 0) == 1) addTo(oldSides_.domestic);
+    if (store::fieldNumberOr(namedFields(), depositOptions[index].foreign, 0) == 1) addTo(oldSides_.foreign);
+  }
+}
+
+/// A row whose options were never set counts as domestic.
+void CF113310::normalise(std::int16_t /*nrec*/) {
+  normaliseRows();
+  const RecordsetPtr& form = namedFields();
+  for (const Options& options : depositOptions) {
+    if (store::isNullField(form, options.domestic)) store::setField(form, options.domestic, std::int16_t{1});
+    if (store::isNullField(form, options.foreign)) store::setField(form, options.foreign, std::int16_t{0});
+  }
+  if (store::isNullField(form, "B62")) store::setField(form, "B62", "");
+  normaliseSums();
+}
+
+void CF113310::writeTotals(const RecordsetPtr& storeRow) {
+  SlipFrame::writeTotals(storeRow);
+  const std::array<Amounts, 2> bySide = {sides_.domestic, sides_.foreign};
+  for (std::size_t index = 0; index < bySide.size(); ++index) {
+    store::setField(storeRow, description().totals[index].gross, bySide[index].grossRupiah);
+    store::setField(storeRow, description().totals[index].tax, bySide[index].taxRupiah);
+  }
+}
+
+CF113310::ListAmounts CF113310::listAmounts() const {
+  ListAmounts amounts = SlipFrame::listAmounts();
+  amounts.grossChangeRupiah = amounts.grossRupiah - oldSlipGross_;
+  return amounts;
+}
+
+// --- the return --------------------------------------------------------------------------------------------
+
+void CF113310::moveReturnLines(CF113204& mainReturn) {
+  const auto lines = description().returnLines;
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  moveSide(returnRow, lines[domesticLine], sides_.domestic, oldSides_.domestic);
+  moveSide(returnRow, lines[foreignLine], sides_.foreign, oldSides_.foreign);
+  setReturnTariff(mainReturn, lines[domesticLine]);
+  setReturnTariff(mainReturn, lines[foreignLine]);
+  if (status().onlyRemoves()) takeFromReturn(mainReturn);
+  if (status().addsOrEdits()) addToReturn(mainReturn);
+  setReturnTariff(mainReturn, lines[sbiLine]);
+  setReturnTariff(mainReturn, lines[giroLine]);
+}
+
+/// A delete leaves a side at 0 where it would fall below it; an edit may drive it below 0.
+void CF113310::moveSide(const RecordsetPtr& returnRow, const ReturnLine& line, const Amounts& now,
+                        const Amounts& old) const {
+  const bool adds = status().addsOrEdits();
+  if (!adds && !status().remove) return;
+  const double gross = adds ? now.grossRupiah - old.grossRupiah : -old.grossRupiah;
+  const double tax = adds ? now.taxRupiah - old.taxRupiah : -old.taxRupiah;
+  store::setField(returnRow, line.gross, store::fieldNumber(returnRow, line.gross) + gross);
+  store::setField(returnRow, line.tax, store::fieldNumber(returnRow, line.tax) + tax);
+  if (adds) return;
+  floorAtZero(returnRow, line.gross);
+  floorAtZero(returnRow, line.tax);
+}
+
+/// The text line keeps its text only while it stands for several slips and still holds something: with "Deposito" in
+/// it, deleting any interest slip empties the text, whatever is left in the amounts.
+void CF113310::takeFromReturn(CF113204& mainReturn) const {
+  const auto lines = description().returnLines;
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  moveReturnLine(returnRow, lines[sbiLine]);
+  moveReturnLine(returnRow, lines[giroLine]);
+  const std::string words = store::fieldTextOr(returnRow, otherText, "");
+  const bool standsForSeveral = InStrText(Trim(words), severalKinds) >= 1;
+  moveReturnLine(returnRow, otherLine);
+  if (!standsForSeveral || store::fieldNumber(returnRow, otherLine.gross) == 0)
+    store::setField(returnRow, otherText, "");
+  setOtherTariff(mainReturn);
+  for (const std::size_t line : {sbiLine, giroLine}) {
+    floorAtZero(returnRow, lines[line].gross);
+    floorAtZero(returnRow, lines[line].tax);
+  }
+}
+
+/// The first slip gives the text line its own words; any further save, with the same words, with none, or of the same
+/// slip once more, makes "Lain-Lain" of them.
+void CF113310::addToReturn(CF113204& mainReturn) const {
+  const auto lines = description().returnLines;
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  moveReturnLine(returnRow, lines[sbiLine]);
+  moveReturnLine(returnRow, lines[giroLine]);
+  for (const std::string_view words : {otherText, std::string_view("B11b"), std::string_view("B11c")})
+    if (store::isNullField(returnRow, words)) store::setField(returnRow, words, "");
+  const bool isFree = store::fieldText(returnRow, otherText).empty();
+  store::setField(returnRow, otherText,
+                  isFree ? store::fieldTextOr(namedFields(), "B62", "") : std::string(severalKinds));
+  moveReturnLine(returnRow, otherLine);
+  setOtherTariff(mainReturn);
+}
+
+void CF113310::setOtherTariff(CF113204& mainReturn) const {
+  const RecordsetPtr returnRow = mainReturn.rs4_2Form();
+  const bool isZero = store::fieldNumber(returnRow, otherLine.gross) == 0;
+  store::setField(returnRow, otherLine.tariff,
+                  isZero ? Variant("0") : Variant(averageTariff(mainReturn, otherLine.averageChoice)));
+}
+
+// --- the list of interest ------------------------------------------------------------------------------------
+
+void CF113310::pInsert_D113210() {
+  guarded([&] {
+    const lists::InterestSlip slip = interestSlip();
+    lists::removeInterestLines(storeObject(), slip);
+    const std::string dateOfSlip = store::fieldText(namedFields(), "Tgl_Potong");
+    const auto rows = description().rows;
+    for (const lists::InterestLine& line : {depositLine(domesticSide), depositLine(foreignSide),
+                                            lineOf("SBI", rows[sbiRow]), lineOf("GIRO", rows[giroRow])})
+      lists::insertInterestLine(storeObject(), slip, dateOfSlip, line);
+    pUpdHdrD113210();
+  });
+}
+
+void CF113310::pDelD113210() {
+  guarded([&] {
+    lists::removeInterestLines(storeObject(), interestSlip());
+    pUpdHdrD113210();
+  });
+}
+
+lists::InterestSlip CF113310::interestSlip() const {
+  return {.payeeNpwp = store::fieldText(namedFields(), "NPWPLT"),
+          .payeeName = store::fieldText(namedFields(), "NMWPLT"),
+          .payeeAddress = store::fieldText(namedFields(), "ALMLT"),
+          .period = formPeriod(),
+          .noBukti = store::fieldText(namedFields(), "NoBukti")};
+}
+
+/// The deposits of a side. One that is marked on both sides is domestic here, though it counts twice in the totals.
+lists::InterestLine CF113310::depositLine(std::string_view side) const {
+  const RecordsetPtr& form = namedFields();
+  lists::DepositSum sum(side);
+  for (std::size_t index = 0; index < depositCount; ++index) {
+    const slips::AmountRow& row = description().rows[index];
+    const double gross = store::fieldNumber(form, row.gross);
+    if (gross == 0) continue;
+    const bool isDomestic = store::fieldInteger(form, depositOptions[index].domestic) == 1;
+    const bool isForeign = !isDomestic && store::fieldInteger(form, depositOptions[index].foreign) == 1;
+    if (side == domesticSide ? isDomestic : isForeign)
+      sum.add(gross, store::fieldNumber(form, row.tariff), store::fieldNumber(form, row.tax));
+  }
+  return sum.line();
+}
+
+lists::InterestLine CF113310::lineOf(std::string_view kind, const slips::AmountRow& row) const {
+  const RecordsetPtr& form = namedFields();
+  return {.kind = kind,
+          .place = "",
+          .grossRupiah = store::fieldNumber(form, row.gross),
+          .ratePercent = store::fieldNumber(form, row.tariff),
+          .taxRupiah = store::fieldNumber(form, row.tax)};
+}
+
+/// The list counts all lines of the period; the slip's filer only says whose header is written.
+void CF113310::pUpdHdrD113210() const {
+  const RecordsetPtr& form = namedFields();
+  lists::rewriteInterestHeader(storeObject(),
+                               {.npwp = store::fieldText(form, "npwp"),
+                                .name = store::fieldText(form, "NmWP"),
+                                .address = store::fieldText(form, "ALM")},
+                               formPeriod());
+}
+
+// --- certificates ----------------------------------------------------------------------------------------------
+
+std::string CF113310::aGetNoSKB(std::int16_t iIndex) const {
+  constexpr std::array<std::string_view, 6> certificates = {"NoSKB1", "NoSKB2", "NoSKB3", "NoSKB4", "NoSKB5", "NoSKB6"};
+  if (iIndex < 0 || static_cast<std::size_t>(iIndex) >= certificates.size()) return {};
+  return textField(certificates[static_cast<std::size_t>(iIndex)]);
+}
+
+}  // namespace tarvola

@@ -1,0 +1,34 @@
+#include "tarvola/slips/CF113312.h"
+
+#include "tarvola/runtime/text_forms.h"
+
+namespace tarvola {
+
+void CF113312::pCreateF113312Hdr(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                                 std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                                 std::string_view sNoBukti, std::string_view sJnsPjk, std::int16_t iKdPmtg,
+                                 std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor) {
+  createStub({.key = keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk),
+              .filerName = sNmWP,
+              .filerAddress = sAlamat,
+              .dateText = CStr(dTgl_Setor),
+              .option = iKdPmtg});
+}
+
+/// Where other slips hold their number, this stub holds iKdPmtg; the list reads it from there.
+std::string CF113312::stubText(const NewSlip& slip) const { return stubStart(slip).whole(slip.option).str(); }
+
+void CF113312::pGetF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
+                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
+                           Date /*dTgl_Setor*/) {
+  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
+}
+
+void CF113312::pDeleteF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
+                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
+                              std::string_view sNoBukti, std::string_view sJnsPjk) {
+  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
+}
+
+}  // namespace tarvola

@@ -1,0 +1,89 @@
+#include "tarvola/store/return_removal.h"
+
+#include <string>
+
+#include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/text_forms.h"
+#include "tarvola/store/return_directory.h"
+#include "tarvola/store/return_kinds.h"
+#include "tarvola/store/statement.h"
+#include "tarvola/store/store_texts.h"
+
+namespace tarvola::store {
+namespace {
+
+/// The article whose payments go with a return; 0, which no payment has, for another kind.
+std::int32_t articleOf(std::string_view kdJenisPajak) {
+  const ReturnKind* kind = findReturnKind(kdJenisPajak);
+  return kind == nullptr ? 0 : kind->article;
+}
+
+Statement ofKindAndPeriod(std::string_view kdJenisPajak, const Period& period) {
+  return kindCondition("KD_JENIS_PAJAK", kdJenisPajak) << " AND " << periodCondition(period);
+}
+
+void removeAttachments(const StoreObject& store, FixedText table, const Period& period,
+                       std::span<const std::string_view> lists) {
+  // The attachment tables know no filer and no kind: the lists alone tell the returns apart.
+  store.execute(Statement("DELETE * FROM ")
+                << table << " WHERE " << periodCondition(period) << " AND " << anyFormCondition(lists));
+}
+
+void removeSelfPaidForms(const StoreObject& store, std::string_view npwp, const ReturnKind& kind,
+                         const Period& period) {
+  Statement condition = ofKindAndPeriod(kind.kdJenisPajak, period);
+  if (kind.findsSelfPaidFormsByFiler) condition << " AND NPWP = " << text(npwp);
+  store.execute(Statement("DELETE * FROM DAT_SSP_PPh22 WHERE ") << condition);
+  removeAttachments(store, "LAMPIRAN_SSP_PPh22", period, kind.selfPaidLists);
+}
+
+/// Month and year of a payment as one text: January 2009 is "012009".
+std::string monthText(std::int16_t month, std::int16_t year) {
+  std::string digits = CStr(std::int32_t{month});
+  if (digits.size() < 2) digits.insert(0, "0");
+  return digits += CStr(std::int32_t{year});
+}
+
+void removeEachRow(const RecordsetPtr& rows) {
+  if (isEmptyResult(rows)) return;
+  for (rows->MoveFirst(); !rows->get_EOF(); rows->MoveNext()) rows->Delete(adAffectCurrent);
+  rows->Close();
+}
+
+}  // namespace
+
+bool hasDocuments(const StoreObject& store, std::string_view kdJenisPajak, const Period& period) {
+  // One row answers; the rows themselves would be the whole return.
+  return !isEmptyResult(store.execute(Statement("SELECT TOP 1 KD_FORM FROM DS_FORM_INDUK WHERE ")
+                                      << ofKindAndPeriod(kdJenisPajak, period)));
+}
+
+void removeDocuments(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak,
+                     const Period& period) {
+  const ReturnKind* kind = findReturnKind(kdJenisPajak);
+  if (kind == nullptr) fail(ErrorNumber::InvalidProcedureCall, unknownReturnKindText(kdJenisPajak));
+  store.execute(Statement("DELETE * FROM DS_FORM_INDUK WHERE ") << ofKindAndPeriod(kdJenisPajak, period));
+  removeAttachments(store, "DS_FORM_LAMPIRAN", period, kind->lists);
+  if (kind->hasSelfPaidForms()) removeSelfPaidForms(store, npwp, *kind, period);
+}
+
+void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year) {
+  Statement selection("SELECT * FROM DATSSP WHERE MsPjk = ");
+  selection << text(monthText(month, year)) << " AND KODEPASAL = " << articleOf(kdJenisPajak);
+  if (kdJenisPajak == taxKind) {
+    selection << " AND KdMAP IN ( '0118', '0171', '0172', '0173','411128')"
+                 " AND KdJnsStr IN ( '100', '199', '300', '310', '312', '320', '322', '401', '402', '403', '404', "
+                 "'405', '406', '407', '408', '409', '416', "
+                 " '417','418','419','499','500','501','510','511')";
+  }
+  removeEachRow(store.open(selection << " ORDER BY TglSSP ASC"));
+}
+
+void removeTransfers(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak, std::int16_t month,
+                     std::int16_t year) {
+  removeEachRow(store.open(Statement("SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = ")
+                           << text(npwp) << " AND PASAL = " << articleOf(kdJenisPajak)
+                           << " AND MsPjkPBK = " << std::int32_t{month} << " AND ThPjkPBK = " << std::int32_t{year}));
+}
+
+}  // namespace tarvola::store
