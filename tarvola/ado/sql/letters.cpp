@@ -30,6 +30,14 @@ const Letters& letters() {
   return made;
 }
 
+/// Of an ASCII letter the other case, of another ASCII character nothing: most characters, without a search.
+std::string_view otherCaseOfAscii(char character) noexcept {
+  static constexpr std::string_view small = "abcdefghijklmnopqrstuvwxyz";
+  if (character >= 'a' && character <= 'z') return capitals.substr(static_cast<std::size_t>(character - 'a'), 1);
+  if (character >= 'A' && character <= 'Z') return small.substr(static_cast<std::size_t>(character - 'A'), 1);
+  return {};
+}
+
 }  // namespace
 
 std::string_view firstCharacter(std::string_view text) noexcept {
@@ -39,6 +47,7 @@ std::string_view firstCharacter(std::string_view text) noexcept {
 }
 
 std::string_view otherCase(std::string_view character) noexcept {
+  if (static_cast<unsigned char>(character.front()) < 0x80) return otherCaseOfAscii(character.front());
   const std::string_view small = letters().small;
   if (const std::size_t at = Letters::find(capitals, character); at != std::string_view::npos)
     return small.substr(at, character.size());

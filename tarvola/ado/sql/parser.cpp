@@ -79,7 +79,7 @@ bool Parser::isName(std::size_t ahead) const {
 
 std::string_view Parser::sourceFrom(std::size_t token) const {
   const char* first = tokens_[token].source.data();
-  const std::string_view last = token < at_ ? tokens_[at_ - 1].source : std::string_view(first, 0);
+  const std::string_view last = token < at_ ? tokens_[at_ - 1].source : tokens_[token].source.substr(0, 0);
   return {first, static_cast<std::size_t>(last.data() + last.size() - first)};
 }
 
@@ -99,7 +99,7 @@ std::string_view Parser::echo() const {
     if (tokens_[last].source == ")" && depth != 0) --depth;
   }
   const char* first = tokens_[echoFrom_].source.data();
-  if (last == echoFrom_) return {first, 0};
+  if (last == echoFrom_) return tokens_[echoFrom_].source.substr(0, 0);
   const std::string_view end = tokens_[last - 1].source;
   return {first, static_cast<std::size_t>(end.data() + end.size() - first)};
 }

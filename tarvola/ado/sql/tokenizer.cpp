@@ -15,7 +15,8 @@ class Tokenizer {
   std::vector<Token> all() {
     std::vector<Token> tokens;
     for (skipBlanks(); at_ != end_; skipBlanks()) tokens.push_back(next());
-    tokens.push_back({TokenKind::End, {end_, 0}, {end_, 0}, 0});
+    const std::string_view end(end_, static_cast<std::size_t>(end_ - at_));
+    tokens.push_back({TokenKind::End, end, end, 0});
     return tokens;
   }
 
