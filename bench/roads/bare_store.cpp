@@ -117,6 +117,9 @@ BareStore::BareStore(const std::string& path) {
   require(code == SQLITE_OK, made);
   execute("PRAGMA journal_mode = WAL");
   execute("PRAGMA synchronous = NORMAL");
+  execute("PRAGMA temp_store = MEMORY");
+  execute("PRAGMA cache_size = -8192");
+  execute("PRAGMA wal_autocheckpoint = 4000");
 }
 
 void BareStore::execute(const std::string& text) {

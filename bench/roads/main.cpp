@@ -1,12 +1,15 @@
 // Measures the roads of the library beside their floors: what the same reads and writes cost on a bare prepared SQLite
 // handle under the same journal settings.
 //
-//   bench_roads [SIZE ...]     sizes in slips; 1000 10000 100000 without any
+//   bench_roads [months] [SIZE ...]     sizes in slips, 1000 10000 100000 without any; "months" leaves out the roads of
+//   single
+//                                       documents
 
 #include <fmt/format.h>
 
 #include <cstdlib>
 #include <exception>
+#include <string_view>
 #include <vector>
 
 #include "bench/roads/measure.h"
@@ -19,13 +22,26 @@ using namespace tarvola::bench;
 
 namespace {
 
-std::vector<std::int64_t> sizesFrom(int count, char** words) {
+struct Order {
+  bool monthsOnly = false;
   std::vector<std::int64_t> sizes;
-  for (int i = 1; i < count; ++i) sizes.push_back(std::strtoll(words[i], nullptr, 10));
-  return sizes.empty() ? std::vector<std::int64_t>{1000, 10000, 100000} : sizes;
+};
+
+Order orderFrom(int count, char** words) {
+  Order order;
+  for (int i = 1; i < count; ++i) {
+    const std::string_view word = words[i];
+    if (word == "months")
+      order.monthsOnly = true;
+    else
+      order.sizes.push_back(std::strtoll(words[i], nullptr, 10));
+  }
+  if (order.sizes.empty()) order.sizes = {1000, 10000, 100000};
+  return order;
 }
 
-void measureAll(const std::vector<std::int64_t>& sizes) {
+void measureAll(const Order& order) {
+  const std::vector<std::int64_t>& sizes = order.sizes;
   std::vector<double> importPeaks;
   std::vector<double> exportPeaks;
   for (const std::int64_t size : sizes) importPeaks.push_back(importPeakMib(size));
@@ -41,7 +57,8 @@ void measureAll(const std::vector<std::int64_t>& sizes) {
     all.back().peakMib = exportPeaks[i];
   }
   for (const std::int64_t size : sizes) all.push_back(measureRecount(size));
-  for (const std::int64_t size : {std::int64_t{100}, sizes.back()})
+  const std::vector<std::int64_t> documentSizes = {100, sizes.back()};
+  for (const std::int64_t size : order.monthsOnly ? std::vector<std::int64_t>() : documentSizes)
     for (const Measurement& each : measureDocuments(size)) all.push_back(each);
   printMeasurements(all);
 }
@@ -50,7 +67,7 @@ void measureAll(const std::vector<std::int64_t>& sizes) {
 
 int main(int count, char** words) {
   try {
-    measureAll(sizesFrom(count, words));
+    measureAll(orderFrom(count, words));
     return 0;
   } catch (const std::exception& failure) {
     fmt::print(stderr, "bench_roads: {}\n", failure.what());

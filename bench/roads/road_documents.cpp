@@ -45,6 +45,9 @@ DocumentForm slipForm(std::string form, std::string grossField) {
     slip->pAssignOldValues();
     slip->pAssignStatus(true, false, false);
     slip->getTaxRate();
+    slip->put("NPWPLT", "034336149057000");
+    slip->put("NMWPLT", "Fitri Lubis");
+    slip->put("ALMLT", "Jl. Gatot Subroto No. 209 RT 05/02 Bandung");
     if (form == "F113316") {
       slip->put("Opt4", std::int16_t{0});
       slip->put("Opt5", std::int16_t{0});

@@ -28,19 +28,6 @@ void trimFrom(std::string& line, std::size_t start) {
   line.erase(start, leading);
 }
 
-/// "01" gives "1": the text as a whole number and back.
-void appendWhole(std::string& line, std::string_view text) { line += CStr(std::int32_t{CInt(Variant(text))}); }
-
-void appendHead(std::string& line, const ExportRowHead& head) {
-  line += head.kdForm;
-  line += separator;
-  appendWhole(line, head.month);
-  line += separator;
-  appendWhole(line, head.year);
-  line += separator;
-  line += CStr(std::int32_t{head.correction});
-}
-
 /// The fields of one record. Whether they are those of a packed text is asked once for the record.
 class FieldTexts {
  public:
@@ -82,6 +69,24 @@ void appendField(std::string& line, const ColumnSource& source, std::size_t plac
 const std::string& exportHeader() {
   static const std::string header = joinedTitles();
   return header;
+}
+
+const std::string& ExportRowBuilder::WholeText::of(std::string_view asked) {
+  if (whole.empty() || text != asked) {
+    whole = CStr(std::int32_t{CInt(Variant(asked))});
+    text = asked;
+  }
+  return whole;
+}
+
+void ExportRowBuilder::appendHead(std::string& line, const ExportRowHead& head) {
+  line += head.kdForm;
+  line += separator;
+  line += month_.of(head.month);
+  line += separator;
+  line += year_.of(head.year);
+  line += separator;
+  appendCStr(line, head.correction);
 }
 
 void ExportRowBuilder::append(std::string& line, const ExportForm& form, const ExportRowHead& head,

@@ -39,9 +39,20 @@ class ExportRowBuilder {
     std::array<std::size_t, columnCount> field{};
   };
 
+  /// A text as the whole number it says: "01" gives "1". All lines of a period say the same month and year, so each is
+  /// converted once.
+  struct WholeText {
+    std::string text;
+    std::string whole;
+    const std::string& of(std::string_view asked);
+  };
+
+  void appendHead(std::string& line, const ExportRowHead& head);
   const Places& placesOf(const ExportForm& form, const Recordset& named);
 
   std::array<Places, exportForms.size()> places_;
+  WholeText month_;
+  WholeText year_;
 };
 
 }  // namespace tarvola::interchange

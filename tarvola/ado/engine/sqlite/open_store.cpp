@@ -66,7 +66,7 @@ std::unique_ptr<Handle> openReadable(const std::string& path) {
 constexpr const char* sessionSettings =
     "PRAGMA synchronous=NORMAL;"
     "PRAGMA temp_store=MEMORY;"
-    "PRAGMA cache_size=-32768;"
+    "PRAGMA cache_size=-8192;"
     "PRAGMA wal_autocheckpoint=4000;";
 
 }  // namespace
