@@ -28,6 +28,9 @@ need_packages() {
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
+# With ccache at hand, what was compiled in one checkout is found again in another.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # Configures a preset once and builds the named targets of it (all without a name).
 build_preset() {
   local preset=$1

@@ -83,9 +83,13 @@ class DocumentFilter {
   }
 
  private:
+  /// A value with an apostrophe is no criteria (error 3001): spliced in, it could pick the row of another document.
   void appendText(std::size_t column) {
     const ado::Cell value = rows_.cell(column);
-    if (!value.isNull()) value.appendText(criteria_);
+    if (value.isNull()) return;
+    const std::size_t start = criteria_.size();
+    value.appendText(criteria_);
+    if (criteria_.find('\'', start) != std::string::npos) fail(ErrorNumber::WrongArguments);
   }
 
   Recordset& rows_;

@@ -72,6 +72,16 @@ TEST_F(Export, ASlipIsOneLineThatEndsWithASeparator) {
                                             afterItem("100")));
 }
 
+TEST_F(Export, ANumberWithAnApostropheEndsTheExportInsteadOfPickingAnotherDocument) {
+  slip("F113319", "x'' OR NOBUKTI = ''000001/PPH4", singleItem);
+  exportMonth();
+  EXPECT_THAT(lines(), testing::IsEmpty());
+  EXPECT_THAT(
+      store.messages().texts(),
+      testing::ElementsAre("Arguments are of the wrong type, are out of acceptable range, or are in conflict with "
+                           "one another."));
+}
+
 TEST_F(Export, MonthAndYearLoseLeadingZeros) {
   slip("F113319", "000001/PPH4", singleItem);
   exportMonth("01", "02009");

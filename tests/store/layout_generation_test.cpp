@@ -89,7 +89,7 @@ TEST_F(LayoutGeneration, IsLookedForUnderTheTaxKindOfTheForm) {
 }
 
 TEST_F(LayoutGeneration, IsLookedForWithoutCorrectionAndKindOfAFormThatIsNoMainForm) {
-  store("D113206", "113", 10, 7);
+  store("D113206", "113", 10, 7, "08");
   EXPECT_FALSE(isNew("D113206")) << "its document code is not 01";
   store("D113206", "113", 10, 7, "01");
   EXPECT_TRUE(isNew("D113206"));

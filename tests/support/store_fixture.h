@@ -35,6 +35,7 @@ class StoreFixture {
   [[nodiscard]] const TempFolder& folder() const noexcept { return folder_; }
   [[nodiscard]] std::string path() const { return folder_.path("store.tarvola"); }
   [[nodiscard]] std::string connectionText() const { return connectionTextOf(path()); }
+  [[nodiscard]] std::shared_ptr<ado::Session> session() const { return ado::Session::open(connectionText()); }
   [[nodiscard]] ConnectionPtr connect() const {
     ConnectionPtr connection = Connection::create();
     connection->put_CursorLocation(adUseClient);
