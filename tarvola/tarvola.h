@@ -15,6 +15,7 @@
 #include "tarvola/interchange/CompressZIt.h"
 #include "tarvola/interchange/rebuild_return.h"
 #include "tarvola/interchange/reporting_file.h"
+#include "tarvola/interchange/return_check.h"
 #include "tarvola/interchange/slip_file_import.h"
 #include "tarvola/lists/CD113206.h"
 #include "tarvola/lists/CD113210.h"
@@ -45,7 +46,11 @@
 #include "tarvola/slips/make_slip.h"
 #include "tarvola/store/CGeneralClass.h"
 #include "tarvola/store/DatFormConverter.h"
+#include "tarvola/store/document_key.h"
+#include "tarvola/store/form_codes.h"
+#include "tarvola/store/form_layouts.h"
 #include "tarvola/store/new_store.h"
+#include "tarvola/store/statement.h"
 
 namespace tarvola {
 

@@ -81,11 +81,12 @@ class CF113204 : public mainreturn::ReturnProperties {
 
   // --- corrections ----------------------------------------------------------------------------------------
   //
-  // A correction starts as a copy of the return it corrects, under the correction number iCorrSeq + 1 in the same month.
-  // Each operation clears its own tables for that number first and makes all rows itself, so that it can be run again at
-  // any time; after a failure, or a process that was ended in the middle, the same call gives what an undisturbed one
-  // gives. A failure (a text with an apostrophe, which no statement can hold) ends the copy with what was copied till
-  // then. Rows that are loaded in this object are left alone. iCorrSeq 32767 fails before anything is cleared.
+  // A correction starts as a copy of the return it corrects, under the correction number iCorrSeq + 1 in the same
+  // month. Each operation clears its own tables for that number first and makes all rows itself, so that it can be run
+  // again at any time; after a failure, or a process that was ended in the middle, the same call gives what an
+  // undisturbed one gives. A failure (a text with an apostrophe, which no statement can hold) ends the copy with what
+  // was copied till then. Rows that are loaded in this object are left alone. iCorrSeq 32767 fails before anything is
+  // cleared.
 
   /// Copies main form, list headers, slips, their list items and the payees of interest slips. The number and the
   /// correction inside the packed text of each document become sNPWP and the new one; packed texts of list items stay
@@ -99,11 +100,11 @@ class CF113204 : public mainreturn::ReturnProperties {
   /// text are copied as the first of them; case does not matter.
   void pCopyAllDataSSP(std::string_view sNPWP, std::string_view skdJnsPjk, std::int16_t iMsPjk, std::int16_t iThPjk,
                        std::int16_t iCorrSeq);
-  /// Copies the payment records of the article sKdPsl, without their keys and notes. The one copy that clears nothing: a
-  /// second run doubles the records.
+  /// Copies the payment records of the article sKdPsl, without their keys and notes. The one copy that clears nothing:
+  /// a second run doubles the records.
   void pCopySSP_42(std::int16_t sKdPsl, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq);
-  /// As pCopyAllData, for a filer who has moved to another tax office: of the documents those of sNpwpOld are copied and
-  /// only those of sNpwpNew cleared before; the copies stand under sNpwpNew, in the column and in the packed text.
+  /// As pCopyAllData, for a filer who has moved to another tax office: of the documents those of sNpwpOld are copied
+  /// and only those of sNpwpNew cleared before; the copies stand under sNpwpNew, in the column and in the packed text.
   /// Payees keep their numbers.
   ///
   /// Under a decimal comma a payee with a broken rate (17,5) fails: it enters the statement as it reads.

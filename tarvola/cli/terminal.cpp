@@ -1,0 +1,83 @@
+#include "tarvola/cli/terminal.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+
+#include "tarvola/cli/failure.h"
+#include "tarvola/runtime/progress.h"
+#include "tarvola/runtime/text_forms.h"
+
+namespace tarvola::cli {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto quietTime = std::chrono::seconds(1);
+
+/// Draws the line once the work has taken longer than a person waits without wondering.
+class Drawing {
+ public:
+  void draw(std::string_view task, std::uint64_t done, std::uint64_t total) {
+    if (task != task_) {
+      task_ = task;
+      started_ = Clock::now();
+    }
+    if (Clock::now() - started_ < quietTime) return;
+    const auto whole = [](std::uint64_t value) { return Format(static_cast<double>(value), "#,##0"); };
+    if (total > 0)
+      fmt::print(stderr, "\r\033[K{} {} / {} ({} %)", task_, whole(done), whole(total), done * 100 / total);
+    else
+      fmt::print(stderr, "\r\033[K{} {}", task_, whole(done));
+    std::fflush(stderr);
+    drawn_ = true;
+    if (total > 0 && done >= total) clear();
+  }
+
+  void clear() {
+    if (drawn_) fmt::print(stderr, "\r\033[K");
+    drawn_ = false;
+  }
+
+ private:
+  std::string task_;
+  Clock::time_point started_ = Clock::now();
+  bool drawn_ = false;
+};
+
+/// A failure's text without the names in brackets that say which part of the system it comes from.
+std::string withoutOrigin(std::string_view text) {
+  while (text.starts_with('[') && text.find(']') != std::string_view::npos) text = text.substr(text.find(']') + 1);
+  return std::string(Trim(text));
+}
+
+}  // namespace
+
+ProgressLine::ProgressLine() {
+  if (isatty(STDERR_FILENO) == 0) return;
+  setProgressHandler([drawing = Drawing()](std::string_view task, std::uint64_t done, std::uint64_t total) mutable {
+    drawing.draw(task, done, total);
+  });
+}
+
+ProgressLine::~ProgressLine() {
+  if (isatty(STDERR_FILENO) == 0) return;
+  setProgressHandler({});
+  fmt::print(stderr, "\r\033[K");
+}
+
+Messages::Messages()
+    : scope_([this](const MessageBox& message) {
+        (message.icon == MessageIcon::Information ? notices_ : failures_).push_back(withoutOrigin(message.text));
+      }) {}
+
+void Messages::throwIfAny() const {
+  if (failures_.empty()) return;
+  std::string all;
+  for (const std::string& text : failures_) all += (all.empty() ? "" : "\n") + text;
+  throw CommandFailure(all);
+}
+
+}  // namespace tarvola::cli

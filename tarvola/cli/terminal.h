@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tarvola/runtime/message_box.h"
+
+namespace tarvola::cli {
+
+/// Sends the library's progress to standard error while it lives, if that is a terminal: one line that is drawn anew,
+/// for work that takes longer than a second, and cleared at the end.
+class ProgressLine {
+ public:
+  ProgressLine();
+  ~ProgressLine();
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+};
+
+/// Collects the library's messages while it lives. The library tells of a failure by a message alone, so a command asks
+/// here whether its work was done.
+class Messages {
+ public:
+  Messages();
+  Messages(const Messages&) = delete;
+  Messages& operator=(const Messages&) = delete;
+
+  /// Fails the command with the messages of failures that have come so far, if any.
+  void throwIfAny() const;
+  /// The informative messages (title "INFORMASI") that have come so far.
+  [[nodiscard]] const std::vector<std::string>& notices() const noexcept { return notices_; }
+  [[nodiscard]] const std::vector<std::string>& failures() const noexcept { return failures_; }
+
+ private:
+  std::vector<std::string> notices_;
+  std::vector<std::string> failures_;
+  /// Gives the messages back to whoever collected them before.
+  MessageBoxScope scope_;
+};
+
+}  // namespace tarvola::cli
