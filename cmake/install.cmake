@@ -16,5 +16,6 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/tarvolaConfigVersion.cmak
 install(FILES ${PROJECT_BINARY_DIR}/tarvolaConfig.cmake ${PROJECT_BINARY_DIR}/tarvolaConfigVersion.cmake
         DESTINATION ${package_folder})
 
+file(RELATIVE_PATH way_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/tarvola.pc.in ${PROJECT_BINARY_DIR}/tarvola.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tarvola.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
