@@ -13,7 +13,7 @@ using store::Statement;
 
 RecordsetPtr rowsOf(const Statement& statement) {
   CGeneralClass general;
-  const RecordsetPtr rows = general.pGetRecordDbase(statement.str());
+  RecordsetPtr rows = general.pGetRecordDbase(statement.str());
   if (rows == nullptr)
     throw CommandFailure("The store could not be read.\nTry again; if it fails again, restore a copy.");
   return rows;
