@@ -143,7 +143,7 @@ std::string SlipEditor::nextNumber() {
   CGeneralClass general;
   const Variant parts = general.pGetNoBuktiHdr(store::taxArticle);
   const std::string suffix = CStr(parts.array().at(1));
-  const std::string proposal = slip_->getNoBuktiHdr(period_.year, period_.correction);
+  std::string proposal = slip_->getNoBuktiHdr(period_.year, period_.correction);
   messages.throwIfAny();
   const RecordsetPtr numbers =
       general.pGetRecordDbase((store::Statement("SELECT NOBUKTI FROM DS_FORM_INDUK WHERE KD_JENIS_PAJAK = ")

@@ -11,7 +11,7 @@ namespace tarvola::interchange {
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 enum Tag : std::uint8_t {
   Integer = 0x02,
