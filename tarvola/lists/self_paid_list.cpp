@@ -17,7 +17,6 @@ namespace {
 
 using store::bare;
 using store::number;
-using store::Period;
 using store::Statement;
 using store::text;
 

@@ -8,9 +8,7 @@ namespace tarvola::mainreturn {
 namespace {
 
 using store::FixedText;
-using store::number;
 using store::Statement;
-using store::text;
 
 /// A table of list items.
 struct ItemTable {
