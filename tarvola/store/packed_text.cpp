@@ -122,13 +122,12 @@ ado::Cell numericCell(double number, FieldType type) noexcept {
 }
 
 void appendNumberAnew(std::string& out, std::string_view text) {
-  if (text.empty() || isCanonicalNumber(text)) {
-    out += text;
-  } else if (const std::optional<double> number = tryNumber(text)) {
+  const bool isAsItIs = text.empty() || isCanonicalNumber(text);
+  const std::optional<double> number = isAsItIs ? std::nullopt : tryNumber(text);
+  if (number)
     appendCStr(out, *number);
-  } else {
+  else
     out += text;
-  }
 }
 
 }  // namespace tarvola::store
