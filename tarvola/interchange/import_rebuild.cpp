@@ -85,7 +85,7 @@ void recountSlipList(std::string_view npwp, const store::Period& period) {
   CD113206 list;
   list.pGetD113206(npwp, period.msPajak, period.thPajak, period.kdPembetulanKe);
   list.pHitPjk(1);
-  list.pUpdate();
+  list.updateForGood();
 }
 
 template <class List>

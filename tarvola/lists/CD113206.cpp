@@ -243,6 +243,13 @@ void CD113206::pUpdate() {
   });
 }
 
+void CD113206::updateForGood() {
+  guarded([&] {
+    store::setField(form_, "DAT_FORM", store_.pack(header_.get()));
+    form_->UpdateBatch(adAffectAll);
+  });
+}
+
 std::string CD113206::aNPWP() const {
   std::string npwp;
   guarded([&] { npwp = store::fieldText(header_.get(), "npwp"); });

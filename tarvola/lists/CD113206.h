@@ -96,6 +96,9 @@ class CD113206 {
 
   /// Writes the header's packed text to the store; the header must be loaded.
   void pUpdate();
+  /// pUpdate as the last thing that is done with the object: the rows, which after pGetD113206 are all rows of the
+  /// list, are not read anew.
+  void updateForGood();
 
   /// NPWP of the filer, from the loaded header; "" if that fails.
   std::string aNPWP() const;

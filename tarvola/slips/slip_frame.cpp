@@ -254,7 +254,7 @@ void SlipFrame::deleteSlip(const store::DocumentKey& key) {
       removeStoreRow(key);
       list.pGetD113206(key.npwp, month, year, correction);
       list.pJmlPPhTdFinal(1);
-      list.pUpdate();
+      list.updateForGood();
     }
     pUpdF113204();
   });

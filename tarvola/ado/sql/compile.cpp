@@ -23,6 +23,7 @@ void writeBody(const Query& query, const EngineDialect& dialect, Compiled& compi
   compiled.kind = StatementKind::Select;
   compiled.columns = std::make_shared<const Columns>(columnsOf(query));
   compiled.base = baseOf(query);
+  compiled.keptQuestion = keptQuestionOf(query);
   const bool isOneText = query.parts.size() == 1 || query.distinctRows || query.orderedAsWhole;
   if (isOneText && query.parts.size() != 1) {
     compiled.parts.push_back(Writer(dialect).write(query));

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tarvola/ado/columns.h"
 #include "tarvola/ado/rows.h"
+#include "tarvola/ado/sql/kept_question.h"
 
 namespace tarvola::ado::sql {
 
@@ -108,6 +110,8 @@ struct Compiled {
   ColumnsPtr columns;
   /// Of a SELECT over one table without aggregates, DISTINCT or union: that table; its name is empty otherwise.
   BaseTable base;
+  /// Of a SELECT whose answer can be kept in step with the rows: what it asks.
+  std::optional<KeptQuestion> keptQuestion;
   /// Whether any statement of the same shape may use this one. False where a number is part of the text itself
   /// (ORDER BY 1, TOP 5), which must then be kept by the whole text.
   bool reusable = true;

@@ -38,7 +38,8 @@ SqliteSession::SqliteSession(std::unique_ptr<Handle> handle)
       catalog_(*handle_),
       binder_(*handle_),
       statements_(keptStatements),
-      rowWriter_(*handle_, catalog_) {}
+      rowWriter_(*handle_, catalog_),
+      keptSums_(*handle_, catalog_) {}
 
 // What failed because tables were changed behind the session's back is done once more by the tables as they are now.
 // A statement that fails has changed nothing, so doing it again is safe.
@@ -56,6 +57,7 @@ bool SqliteSession::forgetChangedTables() {
   if (!catalog_.forgetIfChanged()) return false;
   statements_.clear();
   rowWriter_.clear();
+  keptSums_.clear();
   return true;
 }
 
@@ -67,6 +69,10 @@ StatementResult SqliteSession::runOnce(std::string_view statement) {
   sql::readShape(statement, shape_);
   Prepared& shape = prepared(statement);
   const bool isSelect = shape.compiled.kind == sql::StatementKind::Select;
+  if (shape.compiled.keptQuestion) {
+    if (RowsPtr kept = keptSums_.answer(statement, shape.compiled, shape_.literals))
+      return {.rows = std::move(kept), .recordsAffected = 0};
+  }
   StatementResult result = isSelect ? select(shape) : change(shape);
   // It ran, but by columns that are not all there are any more; a change is done by then, a SELECT can be put right.
   const bool tablesChanged = std::ranges::any_of(shape.parts, wasReadAnew) && forgetChangedTables();
@@ -109,6 +115,8 @@ StatementResult SqliteSession::change(Prepared& shape) {
   binder_.bindLiterals(statement, shape_.literals, shape.compiled.parts.front().parameters);
   const int code = sqlite3_step(statement);
   if (code != SQLITE_DONE) handle_->fail(code);
+  // Without a condition the engine empties the whole table and tells of no row.
+  if (shape.compiled.kind == sql::StatementKind::Delete && shape_.literals.empty()) keptSums_.clear();
   return {.rows = nullptr, .recordsAffected = sqlite3_changes64(handle_->get())};
 }
 

@@ -9,6 +9,7 @@
 #include "tarvola/ado/engine/sqlite/bind.h"
 #include "tarvola/ado/engine/sqlite/catalog.h"
 #include "tarvola/ado/engine/sqlite/handle.h"
+#include "tarvola/ado/engine/sqlite/kept_sums.h"
 #include "tarvola/ado/engine/sqlite/row_writer.h"
 #include "tarvola/ado/sql/compile.h"
 
@@ -52,6 +53,7 @@ class SqliteSession final : public Session {
   Binder binder_;
   BoundedCache<Prepared> statements_;
   RowWriter rowWriter_;
+  KeptSums keptSums_;
 };
 
 }  // namespace tarvola::ado::engine::sqlite
