@@ -55,6 +55,18 @@ std::optional<std::size_t> FormLayout::position(std::string_view fieldName) cons
   return std::nullopt;
 }
 
+NamedField fieldAt(const FormLayout* layout, std::size_t position) {
+  if (layout != nullptr && position < layout->positions.size()) {
+    const LayoutField& field = layout->positions[position].fields.back();
+    return {.name = std::string(field.name), .type = field.type};
+  }
+  if (layout != nullptr && position - layout->positions.size() < layout->extras.size()) {
+    const LayoutField& field = layout->extras[position - layout->positions.size()];
+    return {.name = std::string(field.name), .type = field.type};
+  }
+  return {.name = "Field" + std::to_string(position)};
+}
+
 const FormLayout* findLayout(std::string_view code) noexcept {
   for (const FormLayout& layout : layoutTable)
     if (layout.code == code) return &layout;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace tarvola::store {
@@ -33,6 +34,16 @@ struct FormLayout {
   /// The position, from 0, that holds a field of the layout (extras count on behind it); case does not matter.
   [[nodiscard]] std::optional<std::size_t> position(std::string_view fieldName) const noexcept;
 };
+
+/// A field as ExpandDatForm names it.
+struct NamedField {
+  std::string name;
+  FieldType type = FieldType::Text;
+};
+
+/// The field at a position of a packed text, the last of those that share it; behind the layout, and for an unknown one
+/// (nullptr), a text Field<n>.
+NamedField fieldAt(const FormLayout* layout, std::size_t position);
 
 /// The layout of a code, nullptr for an unknown one. D113207 and D113208 have the six leading positions only.
 const FormLayout* findLayout(std::string_view code) noexcept;

@@ -57,6 +57,16 @@ RecordsetPtr listDocuments(const StoreObject& store, std::string_view kdJenisPaj
       << " ORDER BY DS_FORM_INDUK.KD_FORM ASC, DS_FORM_INDUK.JENIS_DOKUMEN ASC, DS_FORM_INDUK.NOBUKTI ASC");
 }
 
+RecordsetPtr listSelfPaidDocuments(const StoreObject& store, std::string_view kdJenisPajak, const Period& period) {
+  return store.execute(
+      Statement("SELECT DS_REF_JENIS_PAJAK.URAIAN, DAT_SSP_PPh22.KD_FORM, DAT_SSP_PPh22.JENIS_DOKUMEN, "
+                "DAT_SSP_PPh22.NOBUKTI FROM DAT_SSP_PPh22 INNER JOIN DS_REF_JENIS_PAJAK ON "
+                "(DAT_SSP_PPh22.KD_JENIS_PAJAK = DS_REF_JENIS_PAJAK.KD_JENIS_PAJAK) AND "
+                "(DAT_SSP_PPh22.JENIS_DOKUMEN = DS_REF_JENIS_PAJAK.KD_DOK_TRV) WHERE ")
+      << kindCondition("DAT_SSP_PPh22.KD_JENIS_PAJAK", kdJenisPajak) << " AND " << periodCondition(period)
+      << " ORDER BY DAT_SSP_PPh22.KD_FORM ASC, DAT_SSP_PPh22.JENIS_DOKUMEN ASC, DAT_SSP_PPh22.NOBUKTI ASC");
+}
+
 std::int16_t highestCorrection(const StoreObject& store, std::string_view kdJenisPajak, std::string_view kdForm,
                                std::int16_t month, std::int16_t year) {
   const RecordsetPtr found =

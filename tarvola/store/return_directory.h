@@ -23,6 +23,10 @@ Statement anyFormCondition(std::span<const std::string_view> forms);
 /// table of names does not know is not among them.
 RecordsetPtr listDocuments(const StoreObject& store, std::string_view kdJenisPajak, const Period& period);
 
+/// The self-paid forms of a return and the headers of their lists, likewise. A payment that stands on several forms is
+/// there for each of them.
+RecordsetPtr listSelfPaidDocuments(const StoreObject& store, std::string_view kdJenisPajak, const Period& period);
+
 /// The highest correction number of a form in a month, -1 without one. Documents of the shared kind do not count.
 std::int16_t highestCorrection(const StoreObject& store, std::string_view kdJenisPajak, std::string_view kdForm,
                                std::int16_t month, std::int16_t year);

@@ -67,7 +67,12 @@ void removeDocuments(const StoreObject& store, std::string_view npwp, std::strin
   if (kind->hasSelfPaidForms()) removeSelfPaidForms(store, npwp, *kind, period);
 }
 
-void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year) {
+void removeInterestPayees(const StoreObject& store, const Period& period) {
+  store.execute(Statement("DELETE * FROM D113210 WHERE ") << periodCondition(period));
+}
+
+RecordsetPtr paymentsOfMonth(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month,
+                             std::int16_t year) {
   Statement selection("SELECT * FROM DATSSP WHERE MsPjk = ");
   selection << text(monthText(month, year)) << " AND KODEPASAL = " << articleOf(kdJenisPajak);
   if (kdJenisPajak == taxKind) {
@@ -76,14 +81,23 @@ void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std
                  "'405', '406', '407', '408', '409', '416', "
                  " '417','418','419','499','500','501','510','511')";
   }
-  removeEachRow(store.open(selection << " ORDER BY TglSSP ASC"));
+  return store.open(selection << " ORDER BY TglSSP ASC");
+}
+
+RecordsetPtr transfersOfMonth(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak,
+                              std::int16_t month, std::int16_t year) {
+  return store.open(Statement("SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = ")
+                    << text(npwp) << " AND PASAL = " << articleOf(kdJenisPajak)
+                    << " AND MsPjkPBK = " << std::int32_t{month} << " AND ThPjkPBK = " << std::int32_t{year});
+}
+
+void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year) {
+  removeEachRow(paymentsOfMonth(store, kdJenisPajak, month, year));
 }
 
 void removeTransfers(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak, std::int16_t month,
                      std::int16_t year) {
-  removeEachRow(store.open(Statement("SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = ")
-                           << text(npwp) << " AND PASAL = " << articleOf(kdJenisPajak)
-                           << " AND MsPjkPBK = " << std::int32_t{month} << " AND ThPjkPBK = " << std::int32_t{year}));
+  removeEachRow(transfersOfMonth(store, npwp, kdJenisPajak, month, year));
 }
 
 }  // namespace tarvola::store

@@ -20,6 +20,16 @@ bool hasDocuments(const StoreObject& store, std::string_view kdJenisPajak, const
 void removeDocuments(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak,
                      const Period& period);
 
+/// Removes the payees of the interest slips of a return, which removeDocuments leaves where they are. Only the return
+/// of kind "113" has such.
+void removeInterestPayees(const StoreObject& store, const Period& period);
+
+/// What removePayments and removeTransfers take.
+RecordsetPtr paymentsOfMonth(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month,
+                             std::int16_t year);
+RecordsetPtr transfersOfMonth(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak,
+                              std::int16_t month, std::int16_t year);
+
 /// Removes the payment records of a month, of all its corrections; for the return that the library computes only those
 /// of its account codes and kinds of payment.
 void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year);
