@@ -13,9 +13,12 @@
 #include "tarvola/interchange/CImporSSPPBK.h"
 #include "tarvola/interchange/CLaporData.h"
 #include "tarvola/interchange/CompressZIt.h"
+#include "tarvola/interchange/correct_return.h"
 #include "tarvola/interchange/rebuild_return.h"
+#include "tarvola/interchange/remove_return.h"
 #include "tarvola/interchange/reporting_file.h"
 #include "tarvola/interchange/return_check.h"
+#include "tarvola/interchange/return_difference.h"
 #include "tarvola/interchange/slip_file_import.h"
 #include "tarvola/lists/CD113206.h"
 #include "tarvola/lists/CD113210.h"
@@ -50,6 +53,7 @@
 #include "tarvola/store/form_codes.h"
 #include "tarvola/store/form_layouts.h"
 #include "tarvola/store/new_store.h"
+#include "tarvola/store/return_contents.h"
 #include "tarvola/store/statement.h"
 
 namespace tarvola {

@@ -11,11 +11,14 @@ namespace {
 using mainreturn::CopyManner;
 using mainreturn::ReturnCopy;
 
-/// A correction by the same filer.
-constexpr CopyManner sameOffice{};
-/// A correction that moves the return to the filer's new number.
-constexpr CopyManner otherOffice{
-    .goesByFiler = true, .alwaysWritesNumber = true, .replacesNumberColumn = true, .splicesRateAsRead = true};
+using mainreturn::otherOffice;
+using mainreturn::sameOffice;
+
+/// The move to another office as its operations make it.
+constexpr CopyManner otherOfficeWithRatesAsRead{.goesByFiler = otherOffice.goesByFiler,
+                                                .alwaysWritesNumber = otherOffice.alwaysWritesNumber,
+                                                .replacesNumberColumn = otherOffice.replacesNumberColumn,
+                                                .splicesRateAsRead = true};
 
 /// The correction behind a period. Behind 32767 there is none: error 6.
 store::Period nextCorrection(store::Period period) {
@@ -48,7 +51,7 @@ ReturnCopy sameFiler(std::string_view number, std::string_view kind, store::Peri
 
 ReturnCopy movedFiler(std::string_view oldNumber, std::string_view newNumber, std::string_view kind,
                       store::Period source) {
-  return {.manner = otherOffice,
+  return {.manner = otherOfficeWithRatesAsRead,
           .oldNumber = oldNumber,
           .newNumber = newNumber,
           .kdJenisPajak = kind,

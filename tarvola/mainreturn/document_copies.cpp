@@ -14,9 +14,6 @@ using store::FixedText;
 using store::Statement;
 using store::text;
 
-/// The list whose rows are told apart by their document code as well.
-constexpr std::string_view exchangeList = "D113207";
-
 /// A table of documents.
 struct DocumentTable {
   FixedText name;
@@ -131,12 +128,16 @@ void insertDocument(const store::StoreObject& store, const ReturnCopy& copy, con
   store.execute(insert << ")");
 }
 
+CopySource sourceOf(const store::StoreObject& store, const ReturnCopy& copy, const DocumentTable& table) {
+  return {.rows = store.execute(Statement("SELECT * FROM ")
+                                << table.name << condition(table, copy, copy.source, copy.oldNumber)
+                                << " ORDER BY KD_FORM ASC"),
+          .foundBy = fieldsThatFind(table, copy.manner)};
+}
+
 void copyTable(const store::StoreObject& store, const ReturnCopy& copy, const DocumentTable& table) {
   store.execute(Statement("DELETE * FROM ") << table.name << condition(table, copy, copy.target, copy.newNumber));
-  const DocumentRows documents(
-      table, copy.manner,
-      store.execute(Statement("SELECT * FROM ")
-                    << table.name << condition(table, copy, copy.source, copy.oldNumber) << " ORDER BY KD_FORM ASC"));
+  const DocumentRows documents(table, copy.manner, sourceOf(store, copy, table).rows);
   forEachRowFiltered(
       documents.rows(), table.task, [&documents] { return documents.criteriaOfRow(); },
       [&] { insertDocument(store, copy, table, documents); });
@@ -148,6 +149,14 @@ void copyDocuments(const store::StoreObject& store, const ReturnCopy& copy) { co
 
 void copySelfPaidForms(const store::StoreObject& store, const ReturnCopy& copy) {
   copyTable(store, copy, selfPaidTable);
+}
+
+CopySource sourceOfDocuments(const store::StoreObject& store, const ReturnCopy& copy) {
+  return sourceOf(store, copy, documentTable);
+}
+
+CopySource sourceOfSelfPaidForms(const store::StoreObject& store, const ReturnCopy& copy) {
+  return sourceOf(store, copy, selfPaidTable);
 }
 
 }  // namespace tarvola::mainreturn

@@ -50,11 +50,16 @@ void insertItem(const store::StoreObject& store, const ItemTable& table, const R
   store.execute(insert << ")");
 }
 
+CopySource sourceOf(const store::StoreObject& store, const ReturnCopy& copy, const ItemTable& table) {
+  return {.rows = store.execute(Statement("SELECT * FROM ")
+                                << table.name << condition(table, copy.source) << " ORDER BY KD_FORM ASC"),
+          .foundBy = {table.fieldsThatFind.begin(), table.fieldsThatFind.end()}};
+}
+
 void copyTable(const store::StoreObject& store, const ReturnCopy& copy, const ItemTable& table) {
   store.execute(Statement("DELETE * FROM ") << table.name << condition(table, copy.target));
-  const RecordsetPtr rows = store.execute(Statement("SELECT * FROM ")
-                                          << table.name << condition(table, copy.source) << " ORDER BY KD_FORM ASC");
-  const RowCriteria criteria(*rows, table.fieldsThatFind);
+  const auto [rows, foundBy] = sourceOf(store, copy, table);
+  const RowCriteria criteria(*rows, foundBy);
   forEachRowFiltered(
       rows, table.task, [&criteria] { return criteria.ofCurrentRow(); },
       [&] { insertItem(store, table, *rows, copy.target.kdPembetulanKe); });
@@ -81,18 +86,6 @@ void insertPayee(const store::StoreObject& store, const ReturnCopy& copy, const 
   store.execute(insert << ")");
 }
 
-void insertPayment(const store::StoreObject& store, const Recordset& row, const store::Period& target) {
-  const auto append = [&row](Statement& values, std::string_view column) {
-    appendValue(values, row.cell(row.column(column)));
-  };
-  Statement insert("INSERT INTO DATSSP(NPWP,MSPJK,THPJK,KDMAP,KDJNSSTR,TGLSSP,NTPP,JMLBYR,KodePasal,KdPmbtln) VALUES(");
-  append(insert, "NPWP");
-  insert << "," << std::int32_t{target.msPajak} << "," << std::int32_t{target.thPajak};
-  for (const std::string_view column : {"KDMAP", "KDJNSSTR", "TGLSSP", "NTPP", "JMLBYR", "KodePasal"})
-    append(insert << ",", column);
-  store.execute(insert << "," << std::int32_t{target.kdPembetulanKe} << ") ;");
-}
-
 }  // namespace
 
 void copyListItems(const store::StoreObject& store, const ReturnCopy& copy) { copyTable(store, copy, listItems); }
@@ -101,18 +94,23 @@ void copySelfPaidListItems(const store::StoreObject& store, const ReturnCopy& co
   copyTable(store, copy, selfPaidListItems);
 }
 
-void copyPayees(const store::StoreObject& store, const ReturnCopy& copy) {
-  store.execute(Statement("DELETE * FROM D113210 WHERE ") << store::periodCondition(copy.target));
-  forEachRow(store.execute(Statement("SELECT * FROM D113210 WHERE ") << store::periodCondition(copy.source)),
-             "Copying interest payees", [&](const Recordset& row) { insertPayee(store, copy, row); });
+CopySource sourceOfListItems(const store::StoreObject& store, const ReturnCopy& copy) {
+  return sourceOf(store, copy, listItems);
 }
 
-void copyPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source,
-                  const store::Period& target) {
-  forEachRow(store.execute(Statement("select * from DATSSP where KodePasal =")
-                           << std::int32_t{article} << " and MsPjk=" << std::int32_t{source.msPajak} << " and ThPjk="
-                           << std::int32_t{source.thPajak} << " and KdPmbtln=" << std::int32_t{source.kdPembetulanKe}),
-             "Copying payments", [&](const Recordset& row) { insertPayment(store, row, target); });
+CopySource sourceOfSelfPaidListItems(const store::StoreObject& store, const ReturnCopy& copy) {
+  return sourceOf(store, copy, selfPaidListItems);
+}
+
+CopySource sourceOfPayees(const store::StoreObject& store, const ReturnCopy& copy) {
+  return {.rows = store.execute(Statement("SELECT * FROM D113210 WHERE ") << store::periodCondition(copy.source)),
+          .foundBy = {}};
+}
+
+void copyPayees(const store::StoreObject& store, const ReturnCopy& copy) {
+  store.execute(Statement("DELETE * FROM D113210 WHERE ") << store::periodCondition(copy.target));
+  forEachRow(sourceOfPayees(store, copy).rows, "Copying interest payees",
+             [&](const Recordset& row) { insertPayee(store, copy, row); });
 }
 
 }  // namespace tarvola::mainreturn

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
+#include "tarvola/ado/recordset.h"
 #include "tarvola/store/document_key.h"
 #include "tarvola/store/statement.h"
 #include "tarvola/store/store_object.h"
@@ -22,6 +24,11 @@ struct CopyManner {
   /// two values, and the statement fails; 15 is one. Otherwise the comma becomes a point.
   bool splicesRateAsRead = false;
 };
+
+/// A correction by the same filer.
+inline constexpr CopyManner sameOffice{};
+/// A correction that moves the return to the filer's new number.
+inline constexpr CopyManner otherOffice{.goesByFiler = true, .alwaysWritesNumber = true, .replacesNumberColumn = true};
 
 /// The main form, the lists of slips and the slips: what a copy takes of DS_FORM_INDUK and of DS_FORM_LAMPIRAN.
 inline constexpr store::FixedText formsOfReturn =
@@ -58,9 +65,38 @@ void copySelfPaidListItems(const store::StoreObject& store, const ReturnCopy& co
 /// D113210: the payees of interest slips. Their tax numbers are the payees' and stay whoever files. No filter here.
 void copyPayees(const store::StoreObject& store, const ReturnCopy& copy);
 
+/// The rows that a copy takes of one table, and the columns by which it finds each of them anew.
+struct CopySource {
+  RecordsetPtr rows;
+  std::vector<std::string_view> foundBy;
+};
+
+// What each of the copies above would take. Payees are not looked for anew.
+CopySource sourceOfDocuments(const store::StoreObject& store, const ReturnCopy& copy);
+CopySource sourceOfSelfPaidForms(const store::StoreObject& store, const ReturnCopy& copy);
+CopySource sourceOfListItems(const store::StoreObject& store, const ReturnCopy& copy);
+CopySource sourceOfSelfPaidListItems(const store::StoreObject& store, const ReturnCopy& copy);
+CopySource sourceOfPayees(const store::StoreObject& store, const ReturnCopy& copy);
+CopySource sourceOfPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source);
+
+/// The list of exchanges, whose rows are told apart by their document code as well.
+inline constexpr std::string_view exchangeList = "D113207";
+
 /// DATSSP: adds the payment records of an article in a period once more, under the next correction number. Nothing is
 /// cleared, so that a second run doubles them. Key and notes of a record are not copied.
 void copyPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source,
                   const store::Period& target);
+
+/// How a copy of payment records went that leaves out those the target has.
+struct CopiedPayments {
+  std::int64_t copied = 0;
+  /// Records of the source that the target held already, one for one.
+  std::int64_t thereAlready = 0;
+};
+
+/// As copyPayments, but for the records that the target holds already: run again, after an interruption too, it gives
+/// what one undisturbed run gives. Two records are the same if all that a copy carries is.
+CopiedPayments copyMissingPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source,
+                                   const store::Period& target);
 
 }  // namespace tarvola::mainreturn

@@ -1,0 +1,49 @@
+#include "tarvola/interchange/remove_return.h"
+
+#include <mutex>
+
+#include "tarvola/interchange/line_writer.h"
+#include "tarvola/interchange/store_lock.h"
+#include "tarvola/store/module_state.h"
+#include "tarvola/store/return_removal.h"
+
+namespace tarvola {
+
+namespace {
+
+using store::Period;
+using store::taxKind;
+
+ReturnRemoval look(const store::StoreObject& store, std::string_view npwp, const Period& period) {
+  const auto& [month, year, correction] = period;
+  ReturnRemoval found{.contents = store::contentsOf(store, period)};
+  if (correction != 0) return found;
+  found.payments = store::paymentsOfMonth(store, taxKind, month, year)->get_RecordCount();
+  found.transfers = store::transfersOfMonth(store, npwp, taxKind, month, year)->get_RecordCount();
+  return found;
+}
+
+}  // namespace
+
+ReturnRemoval whatRemovalTakes(std::int16_t month, std::int16_t year, std::int16_t correction) {
+  const store::StoreObject store;
+  return look(store, interchange::readFiler(store).npwp, {month, year, correction});
+}
+
+ReturnRemoval removeReturn(std::int16_t month, std::int16_t year, std::int16_t correction) {
+  const store::StoreObject store;
+  interchange::StoreLock lock(moduleState().sDSN);
+  const std::lock_guard held(lock);
+  const std::string npwp = interchange::readFiler(store).npwp;
+  const Period period{month, year, correction};
+  const ReturnRemoval taken = look(store, npwp, period);
+  if (correction == 0) {
+    store::removePayments(store, taxKind, month, year);
+    store::removeTransfers(store, npwp, taxKind, month, year);
+  }
+  store::removeInterestPayees(store, period);
+  store::removeDocuments(store, npwp, taxKind, period);
+  return taken;
+}
+
+}  // namespace tarvola
