@@ -65,6 +65,12 @@ void addSelfPaidCommands(CLI::App& app, Context& context);
 void addListCommands(CLI::App& app, Context& context);
 void addExchangeCommands(CLI::App& app, Context& context, int& exitCode);
 
+// Each adds some more to "tarvola return".
+void addReturnDirectory(CLI::App& group, Context& context);
+void addReturnRemoval(CLI::App& group, Context& context);
+void addReturnCorrection(CLI::App& group, Context& context);
+void addReturnDifference(CLI::App& group, Context& context, int& exitCode);
+
 /// What the commands are sorted under in the help.
 namespace groups {
 inline constexpr const char* stores = "Stores";
@@ -73,6 +79,8 @@ inline constexpr const char* documents = "Documents";
 inline constexpr const char* exchange = "Exchange";
 }  // namespace groups
 
+/// Adds --period to a command.
+void addPeriodOption(CLI::App& command, Context& context);
 /// Adds --period and --correction to a command.
 void addPeriodOptions(CLI::App& command, Context& context);
 

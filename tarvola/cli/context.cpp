@@ -114,8 +114,12 @@ Period Context::period() const {
           static_cast<std::int16_t>(correction)};
 }
 
-void addPeriodOptions(CLI::App& command, Context& context) {
+void addPeriodOption(CLI::App& command, Context& context) {
   command.add_option("-p,--period", context.periodText, "Month of the return, as 01/2009")->type_name("MM/YYYY");
+}
+
+void addPeriodOptions(CLI::App& command, Context& context) {
+  addPeriodOption(command, context);
   command.add_option("-c,--correction", context.correction, "The correction; 0 is the first filing")->type_name("N");
 }
 

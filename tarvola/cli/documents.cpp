@@ -61,6 +61,10 @@ double fieldNumber(const RecordsetPtr& row, std::string_view name) {
   return IsNumeric(value) ? CDbl(value) : 0;
 }
 
+std::string kindOf(const Period& period) {
+  return period.correction == 0 ? "SPT Normal" : "SPT Pembetulan Ke-" + std::to_string(period.correction);
+}
+
 std::string rupiah(double value) { return Format(value, "#,##0"); }
 
 nlohmann::ordered_json jsonNumber(double value) {

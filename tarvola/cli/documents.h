@@ -30,8 +30,16 @@ std::string fieldText(const RecordsetPtr& row, std::string_view name);
 /// The value of a field as number; 0 for Null and for a text that is no number.
 double fieldNumber(const RecordsetPtr& row, std::string_view name);
 
+/// "SPT Normal" or "SPT Pembetulan Ke-1".
+std::string kindOf(const Period& period);
+
 /// "#,##0" under the regional settings.
 std::string rupiah(double value);
+/// "1 slip", "2 slips".
+template <class Count>
+std::string counted(Count count, const char* one, const char* many) {
+  return rupiah(static_cast<double>(count)) + ' ' + (count == 1 ? one : many);
+}
 /// A number for JSON: whole ones without a decimal point.
 nlohmann::ordered_json jsonNumber(double value);
 /// A field of a CSV line: in quotes where it holds what would break the line.

@@ -51,4 +51,12 @@ bool Person::confirm(const std::string& question) {
   return typed == "y" || typed == "Y" || equalsIgnoreCase(typed, "yes");
 }
 
+void requireConsent(Person* person, bool yes, const std::string& question, const std::string& notDone) {
+  if (yes) return;
+  if (person == nullptr)
+    throw CommandFailure(notDone + " " + question + " Nobody is at the terminal to answer.\nGive --yes to agree.",
+                         Usage);
+  if (!person->confirm(question)) throw CommandFailure(notDone);
+}
+
 }  // namespace tarvola::cli

@@ -31,4 +31,8 @@ class Person {
   std::ostream& out_;
 };
 
+/// For what cannot be undone: goes on if --yes was given or if the person agrees, else fails the command with what was
+/// not done ("Nothing was removed."). Where nobody can be asked, a command without --yes is a wrong one.
+void requireConsent(Person* person, bool yes, const std::string& question, const std::string& notDone);
+
 }  // namespace tarvola::cli

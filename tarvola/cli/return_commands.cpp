@@ -52,10 +52,6 @@ std::string nameOf(const ReturnLine& line, const ReturnFields& fields) {
   return own.empty() ? std::string(line.printedName) : std::string(line.printedName) + ": " + own;
 }
 
-std::string kindOf(const Period& period) {
-  return period.correction == 0 ? "SPT Normal" : "SPT Pembetulan Ke-" + std::to_string(period.correction);
-}
-
 // --- showing it --------------------------------------------------------------------------------------------
 
 struct Mark {
@@ -181,10 +177,6 @@ void printFindingsJson(const std::vector<CheckFinding>& findings, const Period& 
       << '\n';
 }
 
-std::string counted(std::size_t count, const char* one, const char* many) {
-  return rupiah(static_cast<double>(count)) + ' ' + (count == 1 ? one : many);
-}
-
 void printFindings(const std::vector<CheckFinding>& findings, std::size_t warnings, const Period& period,
                    const Context& context) {
   if (findings.empty()) {
@@ -221,7 +213,7 @@ int checkStoredReturn(const Context& context) {
 }  // namespace
 
 void addReturnCommands(CLI::App& app, Context& context, int& exitCode) {
-  CLI::App* group = app.add_subcommand("return", "Make, show, check and recount a return")
+  CLI::App* group = app.add_subcommand("return", "Make, show, check, correct and compare returns")
                         ->group(groups::returns)
                         ->require_subcommand(1);
 
@@ -242,6 +234,11 @@ void addReturnCommands(CLI::App& app, Context& context, int& exitCode) {
   CLI::App* check = group->add_subcommand("check", "Compare a return with its documents, and change nothing");
   addPeriodOptions(*check, context);
   check->callback([&context, &exitCode] { exitCode = checkStoredReturn(context); });
+
+  addReturnDirectory(*group, context);
+  addReturnCorrection(*group, context);
+  addReturnDifference(*group, context, exitCode);
+  addReturnRemoval(*group, context);
 }
 
 }  // namespace tarvola::cli

@@ -47,13 +47,12 @@ class Drawing {
   bool drawn_ = false;
 };
 
-/// A failure's text without the names in brackets that say which part of the system it comes from.
+}  // namespace
+
 std::string withoutOrigin(std::string_view text) {
   while (text.starts_with('[') && text.find(']') != std::string_view::npos) text = text.substr(text.find(']') + 1);
   return std::string(Trim(text));
 }
-
-}  // namespace
 
 ProgressLine::ProgressLine() {
   if (isatty(STDERR_FILENO) == 0) return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tarvola/runtime/message_box.h"
@@ -37,5 +38,8 @@ class Messages {
   /// Gives the messages back to whoever collected them before.
   MessageBoxScope scope_;
 };
+
+/// A failure's text without the names in brackets that say which part of the system it comes from.
+std::string withoutOrigin(std::string_view text);
 
 }  // namespace tarvola::cli
