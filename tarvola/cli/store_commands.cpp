@@ -1,16 +1,15 @@
 // tarvola store create | info
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <ostream>
-#include <tuple>
 #include <vector>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/filer.h"
 #include "tarvola/cli/table.h"
@@ -118,44 +117,7 @@ void createStoreFile(const CreateOptions& options, const Context& context) {
 
 // --- info ------------------------------------------------------------------------------------------------
 
-struct StoredReturn {
-  Period period;
-  std::int32_t mainForms = 0;
-  std::int32_t slips = 0;
-  std::int32_t selfPaid = 0;
-};
-
-using ReturnCounts = std::vector<StoredReturn>;
-
-/// Adds the number of documents of a condition to each return, found or made.
-void addCounts(const char* table, const std::string& condition, std::int32_t StoredReturn::*count,
-               ReturnCounts& returns) {
-  CGeneralClass general;
-  const RecordsetPtr rows = general.pGetRecordDbase(
-      std::string("SELECT TH_PAJAK, MS_PAJAK, KD_PEMBETULAN_KE, COUNT(*) AS N FROM ") + table + " WHERE " + condition +
-      " GROUP BY TH_PAJAK, MS_PAJAK, KD_PEMBETULAN_KE ORDER BY TH_PAJAK, MS_PAJAK, KD_PEMBETULAN_KE");
-  for (; rows != nullptr && !rows->get_EOF(); rows->MoveNext()) {
-    const Period period{CInt(rows->get_Collect("MS_PAJAK")), CInt(rows->get_Collect("TH_PAJAK")),
-                        CInt(rows->get_Collect("KD_PEMBETULAN_KE"))};
-    const auto same = [&](const StoredReturn& each) { return each.period.text() == period.text(); };
-    auto place = std::find_if(returns.begin(), returns.end(), same);
-    if (place == returns.end()) place = returns.insert(returns.end(), StoredReturn{.period = period});
-    (*place).*count += CLng(rows->get_Collect("N"));
-  }
-}
-
-ReturnCounts storedReturns() {
-  ReturnCounts returns;
-  addCounts("DS_FORM_INDUK", "KD_FORM = 'F113204'", &StoredReturn::mainForms, returns);
-  addCounts("DS_FORM_INDUK", "KD_JENIS_PAJAK = '113' AND NOBUKTI <> '-'", &StoredReturn::slips, returns);
-  addCounts("DAT_SSP_PPh22", "KD_JENIS_PAJAK = '113' AND NOBUKTI <> '-'", &StoredReturn::selfPaid, returns);
-  const auto order = [](const StoredReturn& each) {
-    return std::tuple(each.period.year, each.period.month, each.period.correction);
-  };
-  std::sort(returns.begin(), returns.end(),
-            [&](const StoredReturn& left, const StoredReturn& right) { return order(left) < order(right); });
-  return returns;
-}
+using ReturnCounts = std::vector<store::StoredReturn>;
 
 void printInfo(const Context& context, const Filer& filer, const ReturnCounts& returns) {
   context.out << context.storePath << ": store of " << filer.name << ", NPWP " << formattedNpwp(filer.npwp) << '\n';
@@ -167,9 +129,10 @@ void printInfo(const Context& context, const Filer& filer, const ReturnCounts& r
                {"correction", Table::Align::Right},
                {"slips", Table::Align::Right},
                {"self-paid forms", Table::Align::Right}});
-  for (const StoredReturn& each : returns)
-    table.add({Period{each.period.month, each.period.year, 0}.text(), std::to_string(each.period.correction),
-               Format(each.slips, "#,##0"), Format(each.selfPaid, "#,##0")});
+  for (const store::StoredReturn& each : returns)
+    table.add({Period{each.period.msPajak, each.period.thPajak, 0}.text(), std::to_string(each.period.kdPembetulanKe),
+               rupiah(static_cast<double>(each.contents.slips)),
+               rupiah(static_cast<double>(each.contents.selfPaidForms))});
   context.out << '\n';
   table.print(context.out);
 }
@@ -177,15 +140,15 @@ void printInfo(const Context& context, const Filer& filer, const ReturnCounts& r
 void showInfo(const Context& context) {
   context.connect();
   const Filer filer = readFiler();
-  const ReturnCounts returns = storedReturns();
+  const ReturnCounts returns = store::storedReturns(store::StoreObject());
   if (!context.json) return printInfo(context, filer, returns);
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
-  for (const StoredReturn& each : returns)
-    list.push_back({{"month", each.period.month},
-                    {"year", each.period.year},
-                    {"correction", each.period.correction},
-                    {"slips", each.slips},
-                    {"selfPaidForms", each.selfPaid}});
+  for (const store::StoredReturn& each : returns)
+    list.push_back({{"month", each.period.msPajak},
+                    {"year", each.period.thPajak},
+                    {"correction", each.period.kdPembetulanKe},
+                    {"slips", each.contents.slips},
+                    {"selfPaidForms", each.contents.selfPaidForms}});
   context.out << nlohmann::ordered_json{{"store", context.storePath},
                                         {"npwp", filer.npwp},
                                         {"name", filer.name},
