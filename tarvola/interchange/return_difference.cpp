@@ -14,7 +14,6 @@ namespace tarvola {
 
 namespace {
 
-using interchange::ComparedReturn;
 using interchange::ComparedReturns;
 using mainreturn::ReturnLine;
 using mainreturn::returnLines;

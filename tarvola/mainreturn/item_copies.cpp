@@ -58,11 +58,11 @@ CopySource sourceOf(const store::StoreObject& store, const ReturnCopy& copy, con
 
 void copyTable(const store::StoreObject& store, const ReturnCopy& copy, const ItemTable& table) {
   store.execute(Statement("DELETE * FROM ") << table.name << condition(table, copy.target));
-  const auto [rows, foundBy] = sourceOf(store, copy, table);
-  const RowCriteria criteria(*rows, foundBy);
+  const CopySource source = sourceOf(store, copy, table);
+  const RowCriteria criteria(*source.rows, source.foundBy);
   forEachRowFiltered(
-      rows, table.task, [&criteria] { return criteria.ofCurrentRow(); },
-      [&] { insertItem(store, table, *rows, copy.target.kdPembetulanKe); });
+      source.rows, table.task, [&criteria] { return criteria.ofCurrentRow(); },
+      [&] { insertItem(store, table, *source.rows, copy.target.kdPembetulanKe); });
 }
 
 /// As read, a rate of 17.5 is "17,5" where the decimal sign is a comma: no plain number, so that the statement fails.
