@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr CorrectionOrder firstCorrection{.month = 1, .year = 2009, .corrected = 0};
+const CorrectionOrder firstCorrection{.month = 1, .year = 2009, .corrected = 0};
 
 TEST(CorrectedReturn, IsAWholeCopyWithItsPayments) {
   MonthStore month;
