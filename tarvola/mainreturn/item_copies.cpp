@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "tarvola/mainreturn/return_copy.h"
@@ -60,12 +61,16 @@ void copyTable(const store::StoreObject& store, const ReturnCopy& copy, const It
       [&] { insertItem(store, table, *rows, copy.target.kdPembetulanKe); });
 }
 
-/// As read, a rate of 17.5 is "17,5" where the decimal sign is a comma: no plain number, so that the statement fails.
+/// As read, a rate of 17.5 is "17,5" where the decimal sign is a comma: two values, so that the statement has one too
+/// many and fails.
 void appendRate(Statement& values, const ado::Cell& rate, const CopyManner& manner) {
   if (!manner.splicesRateAsRead || rate.isNull()) return appendValue(values, rate);
   std::string asRead;
   rate.appendText(asRead);
-  values << store::bare(asRead);
+  const std::string_view text = asRead;
+  const std::size_t comma = std::min(text.find(','), text.size());
+  values << store::bare(text.substr(0, comma));
+  if (comma != text.size()) values << "," << store::bare(text.substr(comma + 1));
 }
 
 void insertPayee(const store::StoreObject& store, const ReturnCopy& copy, const Recordset& row) {
@@ -81,6 +86,13 @@ void insertPayee(const store::StoreObject& store, const ReturnCopy& copy, const 
   store.execute(insert << ")");
 }
 
+/// The date of a payment enters as a day: a time of day is lost.
+void appendDay(Statement& values, const ado::Cell& date) {
+  if (date.isNull()) return appendValue(values, date);
+  appendValue(values << "DATEVALUE(", date);
+  values << ")";
+}
+
 void insertPayment(const store::StoreObject& store, const Recordset& row, const store::Period& target) {
   const auto append = [&row](Statement& values, std::string_view column) {
     appendValue(values, row.cell(row.column(column)));
@@ -88,8 +100,9 @@ void insertPayment(const store::StoreObject& store, const Recordset& row, const 
   Statement insert("INSERT INTO DATSSP(NPWP,MSPJK,THPJK,KDMAP,KDJNSSTR,TGLSSP,NTPP,JMLBYR,KodePasal,KdPmbtln) VALUES(");
   append(insert, "NPWP");
   insert << "," << std::int32_t{target.msPajak} << "," << std::int32_t{target.thPajak};
-  for (const std::string_view column : {"KDMAP", "KDJNSSTR", "TGLSSP", "NTPP", "JMLBYR", "KodePasal"})
-    append(insert << ",", column);
+  for (const std::string_view column : {"KDMAP", "KDJNSSTR"}) append(insert << ",", column);
+  appendDay(insert << ",", row.cell(row.column("TGLSSP")));
+  for (const std::string_view column : {"NTPP", "JMLBYR", "KodePasal"}) append(insert << ",", column);
   store.execute(insert << "," << std::int32_t{target.kdPembetulanKe} << ") ;");
 }
 

@@ -59,7 +59,7 @@ void copySelfPaidListItems(const store::StoreObject& store, const ReturnCopy& co
 void copyPayees(const store::StoreObject& store, const ReturnCopy& copy);
 
 /// DATSSP: adds the payment records of an article in a period once more, under the next correction number. Nothing is
-/// cleared, so that a second run doubles them. Key and notes of a record are not copied.
+/// cleared, so that a second run doubles them. Key, notes and time of day of a record are not copied.
 void copyPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source,
                   const store::Period& target);
 
