@@ -252,10 +252,10 @@ TEST_F(ReturnNormalisationOrder, IsThatOfTheFormWhereverARecordLacksAField) {
     EXPECT_THAT(messages_.texts(), ElementsAre(description(ErrorNumber::ItemNotFound))) << missing;
     bool isReached = true;
     for (const std::string_view field : fieldsInOrder) {
-      if (field == missing)
-        isReached = false;
-      else
+      isReached = isReached && field != missing;
+      if (field != missing) {
         EXPECT_EQ(!isNull(field), isReached) << field << " where there is no " << missing;
+      }
     }
   }
 }

@@ -61,7 +61,7 @@ class Checker {
   void checkLiteral(Expression& expression) const;
   void checkName(Expression& expression, const Scope& scope);
   bool findName(Expression& expression, const Scope& scope) const;
-  void checkChain(Expression& expression) const;
+  static void checkChain(Expression& expression);
   void checkComparison(Expression& expression);
   bool isPeriod(Expression& expression) const;
   void checkOperandsAgree(const Expression& expression);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "tarvola/ado/sql/letters.h"
@@ -38,6 +39,15 @@ std::string textOf(const Variant& value) { return CStr(value); }
 
 int wholeOf(const Variant& value) { return CLng(Variant(numberOf(value))); }
 
+/// A number as a column of that width holds it, halves to the even neighbour.
+template <class Whole>
+Variant fitting(double value) {
+  using Limits = std::numeric_limits<Whole>;
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= Limits::min() && rounded <= Limits::max())) fail(ErrorNumber::Unspecified, numericOverflowText());
+  return {static_cast<std::int32_t>(rounded)};
+}
+
 /// A count or position in a text, at least so large.
 std::size_t countOf(const Variant& value, int least) {
   const int count = wholeOf(value);
@@ -61,6 +71,10 @@ constexpr auto functions = std::to_array<EngineFunction>({
     {"tv_cdbl", 1, true, [](Arguments a) { return Variant(numberOf(a[0])); }},
     {"tv_clng", 1, true, [](Arguments a) { return Variant(CLng(Variant(numberOf(a[0])))); }},
     {"tv_cint", 1, true, [](Arguments a) { return Variant(CInt(numberOf(a[0]))); }},
+    {"tv_integer", 1, true, [](Arguments a) { return fitting<std::int16_t>(numberOf(a[0])); }},
+    {"tv_long", 1, true, [](Arguments a) { return fitting<std::int32_t>(numberOf(a[0])); }},
+    {"tv_dateinteger", 1, true, [](Arguments a) { return fitting<std::int16_t>(dateOf(a[0]).serial()); }},
+    {"tv_datelong", 1, true, [](Arguments a) { return fitting<std::int32_t>(dateOf(a[0]).serial()); }},
     {"tv_cbool", 1, true, [](Arguments a) { return Variant(CBool(a[0])); }},
     {"tv_cstr", 1, true, [](Arguments a) { return Variant(textOf(a[0])); }},
     {"tv_cdate", 1, true, [](Arguments a) { return Variant(dateOf(a[0])); }},

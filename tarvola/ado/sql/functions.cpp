@@ -113,4 +113,12 @@ std::string_view conversionFunction(Family from, ColumnType fromType, ColumnType
   return {};
 }
 
+std::string_view assignmentFunction(Family from, ColumnType fromType, ColumnType to) noexcept {
+  if (!isWhole(to)) return conversionFunction(from, fromType, to);
+  const bool fits = from == Family::Boolean || fromType == to || fromType == Integer;
+  if (fits) return {};
+  if (from == Family::Date) return to == Integer ? "tv_dateinteger" : "tv_datelong";
+  return to == Integer ? "tv_integer" : "tv_long";
+}
+
 }  // namespace tarvola::ado::sql

@@ -37,7 +37,9 @@ bool isAggregate(std::string_view name) noexcept;
 /// The function for so many arguments, nullptr if none takes that many.
 const FunctionRow* findFunction(std::string_view name, std::size_t argumentCount, Family first) noexcept;
 
-/// The engine's function that converts a computed value to a column's type, "" where none is needed.
+/// The engine's function that converts a computed value to a type, "" where none is needed.
 std::string_view conversionFunction(Family from, ColumnType fromType, ColumnType to) noexcept;
+/// The same for a value that is put into a column of the type: a whole number must fit the column's width.
+std::string_view assignmentFunction(Family from, ColumnType fromType, ColumnType to) noexcept;
 
 }  // namespace tarvola::ado::sql

@@ -96,6 +96,8 @@ class Writer {
   void joinedTexts(const Expression& chain);
   void powers(const Expression& chain);
   void converted(const Expression& expression, ColumnType target, Level loosest);
+  /// A value on its way into a column of the type.
+  void assignedValue(const Expression& expression, ColumnType target);
   bool literalAs(const Expression& expression, ColumnType target);
   void call(const Expression& expression);
   void argument(const Expression& call, std::size_t place);

@@ -234,6 +234,18 @@ void Writer::converted(const Expression& expression, ColumnType target, Level lo
   put(")");
 }
 
+void Writer::assignedValue(const Expression& expression, ColumnType target) {
+  if (expression.kind == ExpressionKind::Null) return null(expression);
+  if (literalAs(expression, target)) return;
+  const std::string_view function = assignmentFunction(expression.family, expression.type, target);
+  if (function.empty()) return value(expression, Level::Or);
+  const Nested nested(*this);
+  put(function);
+  put("(");
+  value(expression, Level::Or);
+  put(")");
+}
+
 bool Writer::literalAs(const Expression& expression, ColumnType target) {
   if (expression.kind == ExpressionKind::Literal) {
     putParameter(expression.literalPlace, assigned(expression.literal.kind, target));
@@ -241,8 +253,15 @@ bool Writer::literalAs(const Expression& expression, ColumnType target) {
   }
   const bool isNegative = expression.kind == ExpressionKind::Negate && isNumberLiteral(*expression.operands[0]);
   if (!isNegative || familyOf(target) != Family::Number) return false;
+  const Expression& number = *expression.operands[0];
+  if (isWhole(target)) {
+    // The least number of a width has no positive counterpart in it, so the sign is bound with the digits.
+    const bool isInteger = target == ColumnType::Integer;
+    putParameter(number.literalPlace, isInteger ? Conversion::NegatedToInteger : Conversion::NegatedToLong);
+    return true;
+  }
   put("-");
-  return literalAs(*expression.operands[0], target);
+  return literalAs(number, target);
 }
 
 void Writer::call(const Expression& expression) {

@@ -59,6 +59,16 @@ TEST_F(DialectResults, PassOverNullsInComparisons) {
   EXPECT_EQ(store.run("SELECT MAX(ID) FROM BURSA WHERE ID > 5 GROUP BY BURSA"), Rows{});
 }
 
+TEST_F(DialectResults, AreNullWhereANullIsComputedWith) {
+  addBursa({"'a', 1", "Null, Null"});
+  EXPECT_EQ(store.run("SELECT BURSA + Null, Null + BURSA, ID + Null, BURSA - Null, BURSA * Null FROM BURSA"),
+            (Rows{"Null|Null|Null|Null|Null", "Null|Null|Null|Null|Null"}));
+  EXPECT_EQ(store.run("SELECT BURSA & Null, Null & ID, Null & Null FROM BURSA"), (Rows{"a|1|", "||"}));
+  EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE BURSA + Null = 'a' OR (BURSA + Null) IS NULL"), (Rows{"1", "Null"}));
+  store.run("UPDATE BURSA SET BURSA = BURSA + Null, ID = ID + Null");
+  EXPECT_EQ(store.run("SELECT BURSA, ID FROM BURSA"), (Rows{"Null|Null", "Null|Null"}));
+}
+
 TEST_F(DialectResults, TakeATextInPlaceOfAConditionForTrue) {
   addBursa({"'a', 1", "'b', 2"});
   EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE BURSA = 'a' OR 'c'"), (Rows{"1", "2"}));
