@@ -33,7 +33,8 @@ class Checker {
   void checkBody(Insert& insert);
   void checkBody(Update& update);
   void checkBody(Delete& remove);
-  void checkTargets(Insert& insert);
+  static void checkTargets(Insert& insert);
+  static void takeTargetsByName(Insert& insert);
   const Table& tableNamed(std::string_view name) const;
   [[noreturn]] void failOnNamesOrTypes() const;
 

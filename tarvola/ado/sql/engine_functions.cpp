@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "tarvola/ado/sql/date_intervals.h"
 #include "tarvola/ado/sql/letters.h"
 #include "tarvola/ado/sql/literals.h"
 #include "tarvola/runtime/clock.h"
@@ -55,6 +56,31 @@ std::size_t countOf(const Variant& value, int least) {
   return static_cast<std::size_t>(count);
 }
 
+/// So many times the first character of a text.
+std::string repeated(std::size_t count, std::string_view text) {
+  // More than an engine holds in one value.
+  constexpr std::size_t longest = 100'000'000;
+  if (text.empty()) fail(ErrorNumber::InvalidProcedureCall);
+  if (count > longest) fail(ErrorNumber::OutOfMemory);
+  const std::string_view first = Left(text, 1);
+  std::string made;
+  made.reserve(count * first.size());
+  for (std::size_t place = 0; place < count; ++place) made += first;
+  return made;
+}
+
+std::int16_t byteOf(const Variant& value) {
+  constexpr std::int16_t largest = 255;
+  const std::int16_t whole = CInt(numberOf(value));
+  if (whole < 0 || whole > largest) fail(ErrorNumber::Overflow);
+  return whole;
+}
+
+/// A number is a day only where it is asked for as one.
+bool isDate(const Variant& value) {
+  return value.isString() && (readIsoDate(value.string()) || tryDate(value.string()));
+}
+
 /// Rounds at a decimal place, halves to the even neighbour.
 double roundedAt(double value, int places) {
   if (places < 0 || places > 22) fail(ErrorNumber::InvalidProcedureCall);
@@ -88,6 +114,7 @@ constexpr auto functions = std::to_array<EngineFunction>({
      [](Arguments a) {
        return Variant(static_cast<std::int32_t>(InStrText(textOf(a[0]), textOf(a[1]), countOf(a[2], 1))));
      }},
+    {"tv_string", 2, true, [](Arguments a) { return Variant(repeated(countOf(a[0], 0), textOf(a[1]))); }},
     {"tv_str", 1, true, [](Arguments a) { return Variant(Str(numberOf(a[0]))); }},
     {"tv_format", 2, true, [](Arguments a) { return Variant(Format(a[0], textOf(a[1]))); }},
     {"tv_formatdate", 2, true, [](Arguments a) { return Variant(Format(Variant(dateOf(a[0])), textOf(a[1]))); }},
@@ -98,11 +125,19 @@ constexpr auto functions = std::to_array<EngineFunction>({
     {"tv_sgn", 1, true, [](Arguments a) { return Variant(signOf(numberOf(a[0]))); }},
     {"tv_round", 2, true, [](Arguments a) { return Variant(roundedAt(numberOf(a[0]), wholeOf(a[1]))); }},
     {"tv_power", 2, true, [](Arguments a) { return Variant(std::pow(numberOf(a[0]), numberOf(a[1]))); }},
-    {"tv_isnumeric", 1, true, [](Arguments a) { return Variant(IsNumeric(a[0])); }},
+    {"tv_cbyte", 1, true, [](Arguments a) { return Variant(byteOf(a[0])); }},
+    // Questions, answered with the engine's own truth value.
+    {"tv_isnumeric", 1, true, [](Arguments a) { return Variant(std::int32_t{IsNumeric(a[0])}); }},
+    {"tv_isdate", 1, true, [](Arguments a) { return Variant(std::int32_t{isDate(a[0])}); }},
     // Dates.
     {"tv_today", 0, false, [](Arguments) { return Variant(today()); }},
     {"tv_dateserial", 3, true,
      [](Arguments a) { return Variant(Date::fromYmd(wholeOf(a[0]), wholeOf(a[1]), wholeOf(a[2]))); }},
+    {"tv_dateadd", 3, true,
+     [](Arguments a) { return Variant(addInterval(textOf(a[0]), wholeOf(a[1]), dateOf(a[2]))); }},
+    {"tv_datediff", 3, true,
+     [](Arguments a) { return Variant(intervalsBetween(textOf(a[0]), dateOf(a[1]), dateOf(a[2]))); }},
+    {"tv_datepart", 2, true, [](Arguments a) { return Variant(intervalOf(textOf(a[0]), dateOf(a[1]))); }},
 });
 
 }  // namespace
@@ -113,5 +148,14 @@ Variant EngineFunction::operator()(std::span<const Variant> arguments) const {
 }
 
 std::span<const EngineFunction> engineFunctions() noexcept { return functions; }
+
+std::span<const EngineAggregate> engineAggregates() noexcept {
+  static constexpr auto aggregates = std::to_array<EngineAggregate>({
+      {.name = "tv_first", .keeps = KeptValue::First},
+      {.name = "tv_last", .keeps = KeptValue::Last},
+      {.name = "tv_only", .keeps = KeptValue::Only},
+  });
+  return aggregates;
+}
 
 }  // namespace tarvola::ado::sql

@@ -90,6 +90,7 @@ class Writer {
   void isNull(const Expression& expression);
   void exists(const Expression& expression);
   void subquery(const Expression& expression);
+  void onlyRow(const Query& asked);
   void chain(const Expression& expression);
   void conditions(const Expression& chain);
   void numbers(const Expression& chain);

@@ -36,6 +36,11 @@ bool isTruth(const Expression& expression) {
   }
 }
 
+/// Whether a query can have no second row: an aggregate over all rows.
+bool givesOneRow(const Query& query) {
+  return query.parts.size() == 1 && query.parts.front()->aggregated && query.parts.front()->groupBy.empty();
+}
+
 Level chainLevel(const Expression& chain) {
   switch (bindingOf(chain)) {
     case Binding::Or:
@@ -141,9 +146,22 @@ void Writer::exists(const Expression& expression) {
 
 void Writer::subquery(const Expression& expression) {
   const Nested nested(*this);
+  const Query& asked = *expression.query;
+  const bool isValue = expression.kind == ExpressionKind::Subquery;
   put("(");
-  query(*expression.query, {});
+  isValue && !givesOneRow(asked) ? onlyRow(asked) : query(asked, {});
   put(")");
+}
+
+// An engine of its own accord takes the first of several rows; here a second one is a failure.
+void Writer::onlyRow(const Query& asked) {
+  const Nested nested(*this);
+  put("SELECT tv_only(");
+  putName(asked.parts.front()->columns.front().name);
+  put(") FROM (");
+  query(asked, {.namesColumns = true});
+  put(")");
+  putAs("tv_asked");
 }
 
 // Two signs in a row would begin a comment of the engine, so what has a sign of its own stands in parentheses.

@@ -209,6 +209,10 @@ TEST(RefusedDialect, ComparesValuesAndFieldsOfAnInsert) {
        "The INSERT INTO statement contains the following unknown field name: 'Nama'.  Make sure you have "
        "typed the name correctly, and try the operation again."},
       {"INSERT INTO BURSA (BURSA, bursa) VALUES ('x', 1)", syntax, "Duplicate output destination 'bursa'."},
+      // A star fills the columns of its names.
+      {"INSERT INTO BURSA SELECT * FROM SETTING_TARIF_PPH", syntax,
+       "The INSERT INTO statement contains the following unknown field name: 'PASAL'.  Make sure you have "
+       "typed the name correctly, and try the operation again."},
   };
   for (const RefusedRow& row : rows) refuse(row);
 }

@@ -4,6 +4,7 @@
 
 #include "tarvola/runtime/clock.h"
 #include "tests/ado/sql/memory_store.h"
+#include "tests/runtime/failures.h"
 
 namespace tarvola::ado::sql {
 namespace {
@@ -150,11 +151,72 @@ TEST_F(DialectResults, ComputeAsThePlatformDoes) {
       {"IIf(I > 100, 1, 2)", "2"},
       {"IsNull(N)", "-1"},
       {"IsNumeric('1,5')", "-1"},
+      {"IsNumeric('1,5') = True", "-1"},
+      {"IsNumeric('x')", "0"},
+      {"IsNumeric(N)", "0"},
+      {"IsDate('31/12/2009')", "-1"},
+      {"IsDate('31/02/2009')", "0"},
+      {"IsDate(W)", "-1"},
+      {"IsDate(5)", "0"},
+      {"IsDate(N)", "0"},
+      {"CBool('True')", "-1"},
+      {"CBool(0)", "0"},
+      {"CBool(I) = True", "-1"},
+      {"CByte(254.5)", "254"},
+      {"'[' & Space(3) & ']'", "[   ]"},
+      {"String(3, 'xy') & String(0, 'x')", "xxx"},
+      {"String(2, 'é')", "éé"},
+      {"Hour(W) * 10000 + Minute(W) * 100 + Second(W)", "134500"},
+      // 31 January 2009 was a Saturday.
+      {"Weekday(W)", "7"},
+      {"DateAdd('m', 1, W)", "2009-02-28 13:45:00"},
+      {"DateDiff('d', #12/31/2008#, W)", "31"},
+      {"DatePart('ww', W)", "5"},
       {"'it''s'", "it's"},
       {"(SELECT MAX(I) FROM Kinds)", "7"},
   };
   for (const auto& [expression, value] : rows)
     EXPECT_EQ(store.run("SELECT " + std::string(expression) + " FROM Kinds"), (Rows{value})) << expression;
+}
+
+TEST_F(DialectResults, GiveTheFirstAndTheLastRowOfAGroup) {
+  addBursa({"'b', 3", "'a', 1", "'b', 2", "'a', Null"});
+  EXPECT_EQ(store.run("SELECT First(ID), Last(ID), First(BURSA), Last(BURSA) FROM BURSA"), (Rows{"3|Null|b|a"}));
+  EXPECT_EQ(store.run("SELECT BURSA, First(ID), Last(ID) FROM BURSA GROUP BY BURSA"), (Rows{"a|1|Null", "b|3|2"}));
+  EXPECT_EQ(store.run("SELECT First(ID) + 1 FROM BURSA WHERE BURSA = 'b'"), (Rows{"4"}));
+  EXPECT_EQ(store.run("SELECT First(ID), Last(BURSA) FROM BURSA WHERE ID > 5"), (Rows{"Null|Null"}));
+  EXPECT_EQ(store.run("SELECT Last(ID) FROM BURSA WHERE ID > 5 GROUP BY BURSA"), Rows{});
+}
+
+TEST_F(DialectResults, TakeOneRowAtMostOfAQueryThatStandsForAValue) {
+  addBursa({"'a', 1", "'b', 2", "'c', 2"});
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT ID FROM BURSA WHERE BURSA = 'A')"), (Rows{"a"}));
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT ID FROM BURSA WHERE BURSA = 'x')"), Rows{});
+  EXPECT_EQ(store.run("SELECT (SELECT b.BURSA FROM BURSA AS b WHERE b.ID = a.ID) FROM BURSA AS a WHERE ID = 1"),
+            (Rows{"a"}));
+  EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE 'A' = (SELECT BURSA FROM BURSA WHERE ID = 1)"),
+            (Rows{"1", "2", "2"}));
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT DISTINCT ID FROM BURSA WHERE ID = 2)"),
+            (Rows{"b", "c"}));
+  for (const char* several : {"SELECT ID FROM BURSA WHERE BURSA = (SELECT BURSA FROM BURSA WHERE ID = 2)",
+                              "SELECT (SELECT b.BURSA FROM BURSA AS b WHERE b.ID = a.ID) FROM BURSA AS a",
+                              "SELECT (SELECT COUNT(*) FROM BURSA GROUP BY BURSA) FROM BURSA",
+                              "UPDATE BURSA SET ID = (SELECT ID FROM BURSA)"}) {
+    EXPECT_EQ(descriptionOf([&] { store.run(several); }),
+              "[Microsoft][ODBC Microsoft Access Driver] At most one record can be returned by this subquery.")
+        << several;
+  }
+}
+
+TEST_F(DialectResults, InsertWhatAStarStandsForByName) {
+  store.run("INSERT INTO DS_FORM_LAMPIRAN VALUES ('D113206', 1, 2009, 0, 1, 2, 'n', 'text')");
+  store.run("INSERT INTO DS_FORM_INDUK (KD_FORM) VALUES ('before')");
+  const std::string columns = "SELECT NOBUKTI, KD_FORM, TH_PAJAK FROM DS_FORM_LAMPIRAN";
+  store.run("INSERT INTO DS_FORM_INDUK SELECT * FROM (" + columns + ")");
+  EXPECT_EQ(store.run("SELECT KD_FORM, TH_PAJAK, NOBUKTI, NPWP FROM DS_FORM_INDUK"),
+            (Rows{"before|Null|Null|Null", "D113206|2009|n|Null"}));
+  store.run("INSERT INTO DS_FORM_LAMPIRAN SELECT * FROM DS_FORM_LAMPIRAN");
+  EXPECT_EQ(store.run("SELECT KD_FORM, DAT_FORM FROM DS_FORM_LAMPIRAN"), (Rows{"D113206|text", "D113206|text"}));
 }
 
 TEST_F(DialectResults, TakeTodayFromTheClock) {
@@ -246,6 +308,7 @@ TEST_F(DialectResults, StandEveryDepthThatTheDialectAccepts) {
       {"IIf(ID = 1, 2, ", "ID", ")"},
       {"(ID = 1) - (", "ID", ")"},
       {"(SELECT MAX(ID) FROM BURSA WHERE ID = ", "1", ")"},
+      {"(SELECT ID FROM BURSA WHERE ID = ", "1", ")"},
   };
   for (const NestingRow& row : rows) {
     std::string expression(row.inside);
