@@ -222,7 +222,8 @@ ExpressionPtr Parser::parenthesised() {
 
 void Parser::closeParenthesis() {
   if (takeSign(")")) return;
-  const bool over = peek().kind == TokenKind::End || isSign(";") || (peek().kind == TokenKind::Word && !isName());
+  const bool over =
+      peek().kind == TokenKind::End || isSign(";") || isSign("]") || (peek().kind == TokenKind::Word && !isName());
   if (over) failSyntax(missingParenthesisText(echo()));
   failAtToken();
 }
