@@ -56,6 +56,12 @@ std::size_t countOf(const Variant& value, int least) {
   return static_cast<std::size_t>(count);
 }
 
+/// A text on its way into a column that holds so many characters.
+std::string boundedText(std::string text, std::size_t length) {
+  if (Len(text) > length) fail(ErrorNumber::Unspecified, fieldTooSmallText());
+  return text;
+}
+
 /// So many times the first character of a text.
 std::string repeated(std::size_t count, std::string_view text) {
   // More than an engine holds in one value.
@@ -107,6 +113,7 @@ constexpr auto functions = std::to_array<EngineFunction>({
     {"tv_date", 1, true, [](Arguments a) { return Variant(Date::fromSerial(numberOf(a[0]))); }},
     {"tv_serial", 1, true, [](Arguments a) { return Variant(dateOf(a[0]).serial()); }},
     {"tv_datetext", 1, true, [](Arguments a) { return Variant(CStr(dateOf(a[0]))); }},
+    {"tv_fit", 2, true, [](Arguments a) { return Variant(boundedText(textOf(a[0]), countOf(a[1], 0))); }},
     // Texts.
     {"tv_ucase", 1, true, [](Arguments a) { return Variant(upperCase(textOf(a[0]))); }},
     {"tv_lcase", 1, true, [](Arguments a) { return Variant(foldCase(textOf(a[0]))); }},

@@ -252,8 +252,14 @@ void Writer::converted(const Expression& expression, ColumnType target, Level lo
   put(")");
 }
 
-void Writer::assignedValue(const Expression& expression, ColumnType target) {
+void Writer::assignedValue(const Expression& expression, const Column& target) {
   if (expression.kind == ExpressionKind::Null) return null(expression);
+  beginBounded(target);
+  assignedValue(expression, target.type);
+  endBounded(target);
+}
+
+void Writer::assignedValue(const Expression& expression, ColumnType target) {
   if (literalAs(expression, target)) return;
   const std::string_view function = assignmentFunction(expression.family, expression.type, target);
   if (function.empty()) return value(expression, Level::Or);
@@ -261,6 +267,17 @@ void Writer::assignedValue(const Expression& expression, ColumnType target) {
   put(function);
   put("(");
   value(expression, Level::Or);
+  put(")");
+}
+
+void Writer::beginBounded(const Column& target) {
+  if (target.length != 0) put("tv_fit(");
+}
+
+void Writer::endBounded(const Column& target) {
+  if (target.length == 0) return;
+  put(", ");
+  put(std::to_string(target.length));
   put(")");
 }
 

@@ -237,6 +237,33 @@ TEST_F(Statements, RefuseANumberThatIsWiderThanItsColumn) {
   EXPECT_EQ(select("SELECT * FROM DATSSP WHERE MsPjk < 40000")->count(), 1U);
 }
 
+TEST_F(Statements, RefuseATextThatIsLongerThanItsColumn) {
+  const char* const tooSmall =
+      "[Microsoft][ODBC Microsoft Access Driver] The field is too small to accept the amount of data you attempted to "
+      "add.  Try inserting or pasting less data.";
+  behindItsBack("CREATE TABLE SEMPIT (KODE VARCHAR(3), NAMA VARCHAR(9), N SMALLINT)");
+  change("INSERT INTO SEMPIT VALUES ('a\xC3\xA9z', 'Jakarta', 7)");
+  change("INSERT INTO SEMPIT (KODE, NAMA) VALUES (123, Null)");
+  change("UPDATE SEMPIT SET KODE = Left(NAMA, 3) WHERE N = 7");
+  for (const char* const wide : {
+           "INSERT INTO SEMPIT VALUES ('abcd', '', 0)",
+           "INSERT INTO SEMPIT (KODE) VALUES (1234)",
+           "INSERT INTO SEMPIT (KODE) VALUES (#1/1/2009#)",
+           "INSERT INTO SEMPIT (KODE) SELECT NAMA FROM SEMPIT",
+           "INSERT INTO SEMPIT (KODE) SELECT 'x' & NAMA FROM SEMPIT",
+           "UPDATE SEMPIT SET KODE = 'abcd'",
+           "UPDATE SEMPIT SET KODE = NAMA",
+           "UPDATE SEMPIT SET KODE = N * 1000",
+       }) {
+    EXPECT_EQ(failureOf([&] { change(wide); }), static_cast<std::int32_t>(ErrorNumber::Unspecified)) << wide;
+    EXPECT_EQ(descriptionOf([&] { change(wide); }), tooSmall) << wide;
+  }
+  const RowsPtr rows = select("SELECT * FROM SEMPIT");
+  ASSERT_EQ(rows->count(), 2U);
+  EXPECT_EQ(value(rows, "KODE", 0), Variant("Jak"));
+  EXPECT_EQ(value(rows, "KODE", 1), Variant("123"));
+}
+
 TEST_F(Statements, PutThePartsOfAUnionBehindEachOther) {
   for (const char* values : {"('c', 3)", "('a', 1)", "('b', 2)"})
     change(std::string("INSERT INTO BURSA VALUES ") + values);
