@@ -10,6 +10,7 @@
 #include "tarvola/ado/sql/letters.h"
 #include "tarvola/ado/sql/literals.h"
 #include "tarvola/runtime/clock.h"
+#include "tarvola/runtime/code_page.h"
 #include "tarvola/runtime/error_texts.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
@@ -54,6 +55,19 @@ std::size_t countOf(const Variant& value, int least) {
   const int count = wholeOf(value);
   if (count < least) fail(ErrorNumber::InvalidProcedureCall);
   return static_cast<std::size_t>(count);
+}
+
+/// The character of a code of the ANSI code page.
+std::string characterOf(std::int32_t code) {
+  if (code < 0 || code > 255) fail(ErrorNumber::InvalidProcedureCall);
+  const char byte = static_cast<char>(code);
+  return fromAnsi({&byte, 1});
+}
+
+/// The code of a text's first character.
+std::int32_t codeOf(std::string_view text) {
+  if (text.empty()) fail(ErrorNumber::InvalidProcedureCall);
+  return static_cast<unsigned char>(toAnsi(Left(text, 1)).front());
 }
 
 /// A text on its way into a column that holds so many characters.
@@ -121,6 +135,10 @@ constexpr auto functions = std::to_array<EngineFunction>({
      [](Arguments a) {
        return Variant(static_cast<std::int32_t>(InStrText(textOf(a[0]), textOf(a[1]), countOf(a[2], 1))));
      }},
+    {"tv_count", 1, true, [](Arguments a) { return Variant(static_cast<std::int32_t>(countOf(a[0], 0))); }},
+    {"tv_position", 1, true, [](Arguments a) { return Variant(static_cast<std::int32_t>(countOf(a[0], 1))); }},
+    {"tv_chr", 1, true, [](Arguments a) { return Variant(characterOf(wholeOf(a[0]))); }},
+    {"tv_asc", 1, true, [](Arguments a) { return Variant(codeOf(textOf(a[0]))); }},
     {"tv_string", 2, true, [](Arguments a) { return Variant(repeated(countOf(a[0], 0), textOf(a[1]))); }},
     {"tv_str", 1, true, [](Arguments a) { return Variant(Str(numberOf(a[0]))); }},
     {"tv_format", 2, true, [](Arguments a) { return Variant(Format(a[0], textOf(a[1]))); }},

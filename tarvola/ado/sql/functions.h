@@ -14,7 +14,9 @@ enum class ArgumentKind : char {
   Text = 'T',
   Number = 'N',
   Date = 'D',
-  Day = 'd',  // a date without its time
+  Day = 'd',       // a date without its time
+  Count = 'C',     // a whole number of characters, none at least; fewer is error 5
+  Position = 'P',  // a place in a text, counted from 1
   Condition = 'B',
 };
 

@@ -229,7 +229,8 @@ void Parser::closeParenthesis() {
 }
 
 ExpressionPtr Parser::name() {
-  const bool isFunction = isSign("(", 1) && (isName() || isWord("LEFT") || isWord("RIGHT"));
+  // Three words of the language are names of functions too.
+  const bool isFunction = isSign("(", 1) && (isName() || isWord("LEFT") || isWord("RIGHT") || isWord("ASC"));
   if (isFunction) return call();
   if (isWord("EXISTS")) return exists();
   const std::size_t first = at_;

@@ -94,6 +94,7 @@ class Writer {
   void chain(const Expression& expression);
   void conditions(const Expression& chain);
   void numbers(const Expression& chain);
+  bool beginUnlessNull(const Expression& chain, std::size_t textPlace);
   void joinedTexts(const Expression& chain);
   void powers(const Expression& chain);
   void converted(const Expression& expression, ColumnType target, Level loosest);

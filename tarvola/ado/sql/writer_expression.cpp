@@ -214,8 +214,30 @@ void Writer::numbers(const Expression& chain) {
       put(rowOf(op).engine);
       put(" ");
     }
-    converted(*chain.operands[place], type, binding == Binding::Add ? Level::Multiply : Level::Join);
+    if (beginUnlessNull(chain, place)) {
+      converted(*chain.operands[place], type, Level::Or);
+      put(" END");
+    } else {
+      converted(*chain.operands[place], type, binding == Binding::Add ? Level::Multiply : Level::Join);
+    }
   }
+}
+
+// Where one operand is Null the result is, whatever the others are: a text is read as a number only if no column beside
+// it is Null.
+bool Writer::beginUnlessNull(const Expression& chain, std::size_t textPlace) {
+  if (chain.operands[textPlace]->family != Family::Text) return false;
+  bool isGuarded = false;
+  for (std::size_t place = 0; place < chain.operands.size(); ++place) {
+    const Expression& other = *chain.operands[place];
+    if (place == textPlace || other.kind != ExpressionKind::Name) continue;
+    put(isGuarded ? " AND " : "CASE WHEN ");
+    name(other);
+    put(" IS NOT NULL");
+    isGuarded = true;
+  }
+  if (isGuarded) put(" THEN ");
+  return isGuarded;
 }
 
 // "+" with a Null gives Null, as the engine's own operator does; "&" takes a Null for "".
@@ -321,6 +343,14 @@ void Writer::argument(const Expression& call, std::size_t place) {
       return converted(given, ColumnType::Double, Level::Sign);
     case ArgumentKind::Date:
       return converted(given, ColumnType::Date, Level::Sign);
+    case ArgumentKind::Count:
+      put("tv_count(");
+      converted(given, ColumnType::Double, Level::Or);
+      return put(")");
+    case ArgumentKind::Position:
+      put("tv_position(");
+      converted(given, ColumnType::Double, Level::Or);
+      return put(")");
     case ArgumentKind::Condition:
       return condition(given, Level::Or);
     case ArgumentKind::Day:

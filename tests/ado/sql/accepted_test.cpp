@@ -96,9 +96,13 @@ TEST(AcceptedDialect, ComputesAsTheDialectDoes) {
        R"(SELECT "T" || "L", coalesce("T", '') || coalesce(tv_cstr("I"), ''), rowid FROM "Kinds")"},
       {"SELECT W + 30, W - W FROM Kinds",
        R"(SELECT tv_date(tv_serial("W") + ?), tv_serial("W") - tv_serial("W"), rowid FROM "Kinds" 0)"},
-      {"SELECT I + '5' FROM Kinds", R"(SELECT "I" + ?, rowid FROM "Kinds" 0)"},
+      // A text is read as a number only where no other operand is Null.
+      {"SELECT 7 + '5', T + 5 FROM Kinds", R"(SELECT ? + ?, tv_cdbl("T") + ?, rowid FROM "Kinds" 0 1 2)"},
+      {"SELECT T * I - 1 FROM Kinds",
+       R"(SELECT CASE WHEN "I" IS NOT NULL THEN tv_cdbl("T") END * "I" - ?, rowid FROM "Kinds" 0)"},
       {"SELECT Left(T, 2), RIGHT(T, 3), Mid$(T, 2), Len(T) FROM Kinds",
-       R"(SELECT substr("T", 1, ?), substr("T", max(length("T") - ? + 1, 1)), substr("T", ?), length("T"), rowid )"
+       R"(SELECT substr("T", 1, tv_count(?)), substr("T", max(length("T") - tv_count(?) + 1, 1)), )"
+       R"(substr("T", tv_position(?)), length("T"), rowid )"
        R"(FROM "Kinds" 0 1 2)"},
       {"SELECT IIf(I > 5, 'a', 'b') FROM Kinds",
        R"(SELECT CASE WHEN "I" > ? THEN ? ELSE ? END, rowid FROM "Kinds" 0 1 2)"},

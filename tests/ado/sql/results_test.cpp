@@ -70,6 +70,21 @@ TEST_F(DialectResults, AreNullWhereANullIsComputedWith) {
   EXPECT_EQ(store.run("SELECT BURSA, ID FROM BURSA"), (Rows{"Null|Null", "Null|Null"}));
 }
 
+TEST_F(DialectResults, ReadNoTextAsANumberBesideANull) {
+  addBursa({"'abc', Null", "'2,5', 4"});
+  EXPECT_EQ(store.run("SELECT BURSA + ID, ID * BURSA, BURSA - 1 - ID FROM BURSA"),
+            (Rows{"Null|Null|Null", "6.5|10.0|-2.5"}));
+  store.run("UPDATE BURSA SET ID = 4");
+  EXPECT_EQ(failureOf([&] { store.run("SELECT BURSA + ID FROM BURSA"); }), -2147217913);
+}
+
+TEST_F(DialectResults, FailForACountOrPlaceThatATextCannotHave) {
+  for (const char* expression :
+       {"Left('abc', -1)", "Right('abc', -1)", "Mid('abc', 0)", "Mid('abc', 1, -1)", "Chr(-1)", "Chr(256)", "Asc('')",
+        "Space(-1)", "String(-1, 'x')", "String(1, '')", "InStr(0, 'a', 'b')"})
+    EXPECT_EQ(failureOf([&] { store.run("SELECT " + std::string(expression)); }), 5) << expression;
+}
+
 TEST_F(DialectResults, TakeATextInPlaceOfAConditionForTrue) {
   addBursa({"'a', 1", "'b', 2"});
   EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE BURSA = 'a' OR 'c'"), (Rows{"1", "2"}));
@@ -126,6 +141,11 @@ TEST_F(DialectResults, ComputeAsThePlatformDoes) {
       {"Trim(T)", "aBc"},
       {"UCase(T) & LCase(T)", " ABC  abc "},
       {"Left(T, 2) & '-' & Right(T, 2) & '-' & Right(T, 9) & '-' & Mid(T, 2, 2)", " a-c - aBc -aB"},
+      {"Left(T, 1.5) & '|' & Right(T, 0) & '|' & Mid(T, 9) & '|' & Left(T, 0)", " a|||"},
+      {"Chr(65) & Chr(128) & Chr(233)", "A€é"},
+      {"Asc('é') & ' ' & Asc('€uro')", "233 128"},
+      {"Format(5) & Format(N) & Format(N, '0') & Format(W)", "531/01/2009 13:45:00"},
+      {"I + '5'", "12.0"},
       {"Len(T)", "5"},
       {"InStr(T, 'b')", "3"},
       {"InStr(4, T, 'a')", "0"},
