@@ -237,6 +237,20 @@ TEST_F(Statements, RefuseANumberThatIsWiderThanItsColumn) {
   EXPECT_EQ(select("SELECT * FROM DATSSP WHERE MsPjk < 40000")->count(), 1U);
 }
 
+// The first row is changed by the time the second one fails, and is changed back; a sum that was asked for before does
+// not count it.
+TEST_F(Statements, ChangeNothingWhenALaterRowIsTooWide) {
+  change("INSERT INTO DS_FORM_INDUK (NOBUKTI, MS_PAJAK, Total_Bruto) VALUES ('1', 3, 100)");
+  change("INSERT INTO DS_FORM_INDUK (NOBUKTI, MS_PAJAK, Total_Bruto) VALUES ('2', 3, 10)");
+  const std::string sum = "SELECT SUM(Total_Bruto) AS S, COUNT(*) AS N FROM DS_FORM_INDUK WHERE MS_PAJAK = 3";
+  ASSERT_EQ(value(select(sum), "S"), Variant(110.0));
+  EXPECT_THROW(change("UPDATE DS_FORM_INDUK SET Total_Bruto = 7, TH_PAJAK = IIf(NOBUKTI = '2', 40000, 2009)"),
+               RunTimeError);
+  EXPECT_EQ(value(select(sum), "S"), Variant(110.0));
+  EXPECT_EQ(value(select(sum), "N"), Variant(std::int32_t{2}));
+  EXPECT_EQ(value(select("SELECT * FROM DS_FORM_INDUK WHERE NOBUKTI = '1'"), "TH_PAJAK"), Variant::null());
+}
+
 TEST_F(Statements, RefuseATextThatIsLongerThanItsColumn) {
   const char* const tooSmall =
       "[Microsoft][ODBC Microsoft Access Driver] The field is too small to accept the amount of data you attempted to "
