@@ -66,4 +66,10 @@ Variant convertForColumn(const Variant& value, ColumnType type) {
   }
 }
 
+void requireLength(const Variant& value, const Column& column) {
+  if (column.length == 0) return;
+  const Variant held = convertForColumn(value, column.type);
+  if (held.isString() && Len(held.string()) > column.length) fail(ErrorNumber::MultipleStepErrors);
+}
+
 }  // namespace tarvola::ado

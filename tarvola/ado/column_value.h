@@ -10,4 +10,7 @@ namespace tarvola::ado {
 /// Not convertible: error -2147352571 "Type mismatch."; outside the column's range: -2147217887.
 Variant convertForColumn(const Variant& value, ColumnType type);
 
+/// Fails with error -2147217887 for a value whose text is longer than the column's length.
+void requireLength(const Variant& value, const Column& column);
+
 }  // namespace tarvola::ado

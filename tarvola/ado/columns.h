@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -17,6 +18,8 @@ enum class ColumnType : std::uint8_t { Any, Text, LongText, Integer, Long, Doubl
 struct Column {
   std::string name;
   ColumnType type = ColumnType::Any;
+  /// Most characters of a text, 0 where the declaration names no bound.
+  std::size_t length = 0;
 };
 
 /// Names and types of the columns of a set of rows. Made once for each statement shape or form layout and

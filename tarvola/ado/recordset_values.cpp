@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "tarvola/ado/column_value.h"
 #include "tarvola/ado/recordset_state.h"
 #include "tarvola/runtime/errors.h"
 
@@ -66,6 +67,7 @@ void Recordset::State::setValue(std::size_t column, const Variant& newValue) {
   requireWritable();
   if (isChapter(column)) fail(ErrorNumber::NotCapable);
   requireIdle();
+  ado::requireLength(newValue, rows->columns()[column]);
   if (!pending.any()) announceChange();
   if (pending.original(column) == nullptr) {
     Variant original = rows->cell(cursor.row, column).toVariant();

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "tarvola/mainreturn/return_copy.h"
@@ -65,12 +66,16 @@ void copyTable(const store::StoreObject& store, const ReturnCopy& copy, const It
       [&] { insertItem(store, table, *source.rows, copy.target.kdPembetulanKe); });
 }
 
-/// As read, a rate of 17.5 is "17,5" where the decimal sign is a comma: no plain number, so that the statement fails.
+/// As read, a rate of 17.5 is "17,5" where the decimal sign is a comma: two values, so that the statement has one too
+/// many and fails.
 void appendRate(Statement& values, const ado::Cell& rate, const CopyManner& manner) {
   if (!manner.splicesRateAsRead || rate.isNull()) return appendValue(values, rate);
   std::string asRead;
   rate.appendText(asRead);
-  values << store::bare(asRead);
+  const std::string_view text = asRead;
+  const std::size_t comma = std::min(text.find(','), text.size());
+  values << store::bare(text.substr(0, comma));
+  if (comma != text.size()) values << "," << store::bare(text.substr(comma + 1));
 }
 
 void insertPayee(const store::StoreObject& store, const ReturnCopy& copy, const Recordset& row) {

@@ -1,4 +1,5 @@
 #include <array>
+#include <cmath>
 #include <string>
 #include <unordered_map>
 
@@ -21,6 +22,13 @@ RecordsetPtr paymentsOf(const store::StoreObject& store, std::int16_t article, c
                        << std::int32_t{period.thPajak} << " and KdPmbtln=" << std::int32_t{period.kdPembetulanKe});
 }
 
+/// The date of a payment enters as a day: a time of day is lost.
+void appendDay(Statement& values, const ado::Cell& date) {
+  if (date.isNull()) return appendValue(values, date);
+  appendValue(values << "DATEVALUE(", date);
+  values << ")";
+}
+
 void insertPayment(const store::StoreObject& store, const Recordset& row, const store::Period& target) {
   const auto append = [&row](Statement& values, std::string_view column) {
     appendValue(values, row.cell(row.column(column)));
@@ -28,16 +36,23 @@ void insertPayment(const store::StoreObject& store, const Recordset& row, const 
   Statement insert("INSERT INTO DATSSP(NPWP,MSPJK,THPJK,KDMAP,KDJNSSTR,TGLSSP,NTPP,JMLBYR,KodePasal,KdPmbtln) VALUES(");
   append(insert, "NPWP");
   insert << "," << std::int32_t{target.msPajak} << "," << std::int32_t{target.thPajak};
-  for (const std::string_view column : {"KDMAP", "KDJNSSTR", "TGLSSP", "NTPP", "JMLBYR", "KodePasal"})
-    append(insert << ",", column);
+  for (const std::string_view column : {"KDMAP", "KDJNSSTR"}) append(insert << ",", column);
+  appendDay(insert << ",", row.cell(row.column("TGLSSP")));
+  for (const std::string_view column : {"NTPP", "JMLBYR", "KodePasal"}) append(insert << ",", column);
   store.execute(insert << "," << std::int32_t{target.kdPembetulanKe} << ") ;");
+}
+
+/// A date as the day that a copy has of it.
+ado::Cell dayOf(const ado::Cell& value) {
+  if (value.type() != Variant::Type::Date) return value;
+  return ado::Cell::date(Date::fromSerial(std::floor(value.toDouble())));
 }
 
 /// What tells a record from others to a copy. Null is told from an empty text.
 std::string contentOf(const Recordset& row) {
   std::string content;
   for (const std::string_view column : copiedColumns) {
-    const ado::Cell value = row.cell(row.column(column));
+    const ado::Cell value = dayOf(row.cell(row.column(column)));
     if (!value.isNull()) value.appendText(content += '=');
     content += ';';
   }

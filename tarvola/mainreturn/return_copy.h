@@ -83,7 +83,7 @@ CopySource sourceOfPayments(const store::StoreObject& store, std::int16_t articl
 inline constexpr std::string_view exchangeList = "D113207";
 
 /// DATSSP: adds the payment records of an article in a period once more, under the next correction number. Nothing is
-/// cleared, so that a second run doubles them. Key and notes of a record are not copied.
+/// cleared, so that a second run doubles them. Key, notes and time of day of a record are not copied.
 void copyPayments(const store::StoreObject& store, std::int16_t article, const store::Period& source,
                   const store::Period& target);
 

@@ -98,6 +98,24 @@ TEST(RecordsetValues, ThatCannotBeConvertedLeaveCellAndEditModeAsTheyWere) {
   EXPECT_EQ(goods->get_EditMode(), adEditNone);
 }
 
+TEST(RecordsetValues, BeyondTheWidthOfTheColumnAreRefusedAtOnce) {
+  const StockStore store;
+  store.run("INSERT INTO LABELS VALUES ('a', 1)");
+  const RecordsetPtr labels = store.open("SELECT PLACE, CODE FROM LABELS");
+  const std::int32_t multipleStep = number(ErrorNumber::MultipleStepErrors);
+  for (const Variant& wide : {Variant("abcd"), Variant(1234), Variant("\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9")})
+    EXPECT_EQ(errorOf([&] { labels->put_Collect("CODE", wide); }), multipleStep);
+  EXPECT_EQ(errorOf([&] { labels->put_Collect("PLACE", 32768); }), multipleStep);
+  EXPECT_EQ(labels->get_EditMode(), adEditNone);
+  labels->put_Collect("CODE", "\xC3\xA9\xC3\xA9\xC3\xA9");
+  labels->put_Collect("PLACE", 32767);
+  labels->Update();
+  EXPECT_EQ(store.stored("SELECT CODE, PLACE FROM LABELS"), "\xC3\xA9\xC3\xA9\xC3\xA9,32767|");
+  labels->put_Collect("CODE", Variant::null());
+  labels->Update();
+  EXPECT_EQ(store.stored("SELECT CODE, PLACE FROM LABELS"), "null,32767|");
+}
+
 TEST(RecordsetValues, KnowWhatStandsBehindAPendingChange) {
   const StockStore store;
   store.addGoods({"axe"});

@@ -363,6 +363,15 @@ TEST_F(PaymentCopy, TakesThePaymentsOfOneArticleMonthAndCorrection) {
   EXPECT_THAT(numbersOf(1), ElementsAre("article", "mine"));
 }
 
+// The date enters the copy as a day.
+TEST_F(PaymentCopy, LosesTheTimeOfThePaymentDate) {
+  addPayment("1");
+  run("UPDATE DATSSP SET TglSSP = #4/10/2009 13:45:00#");
+  ASSERT_EQ(text("DATSSP", "TglSSP", "KdPmbtln = 0"), "10/04/2009 13:45:00");
+  CF113204().pCopySSP_42(4, 3, 2009, 0);
+  EXPECT_EQ(text("DATSSP", "TglSSP", "KdPmbtln = 1"), "10/04/2009");
+}
+
 TEST_F(PaymentCopy, KeepsWhatIsMissingMissing) {
   run("INSERT INTO DATSSP (KodePasal,MsPjk,ThPjk,KdPmbtln) VALUES (4,3,2009,0)");
   CF113204().pCopySSP_42(4, 3, 2009, 0);

@@ -226,5 +226,39 @@ TEST_F(ReturnNormalisationOrder, AFieldThatTheRecordDoesNotHaveEndsItThere) {
   EXPECT_EQ(number(mainReturn_, "B1a14"), 0);
 }
 
+// The fields in the order in which they are made whole: the lines of the form with gross, rate and tax, the marks, the
+// totals.
+constexpr std::string_view fieldsInOrder[] = {
+    "B1a13", "B1a14", "B1a15", "B1a23", "B1a24", "B1a25", "B1B3",  "B1B4",  "B1B5",  "B1C3",    "B1C4",
+    "B1C5",  "B2a3",  "B2a4",  "B2a5",  "B2b3",  "B2b4",  "B2b5",  "B33",   "B34",   "B35",     "B43",
+    "B44",   "B45",   "B5a3",  "B5a4",  "B5a5",  "B5b3",  "B5b4",  "B5b5",  "B6a13", "B6a14",   "B6a15",
+    "B6a23", "B6a24", "B6a25", "B6b13", "B6b14", "B6b15", "B6b23", "B6b24", "B6b25", "B6c13",   "B6c14",
+    "B6c15", "B6c23", "B6c24", "B6c25", "B73",   "B74",   "B75",   "B83",   "B84",   "B85",     "B93",
+    "B94",   "B95",   "B103",  "B104",  "B105",  "B11a3", "B11a4", "B11a5", "B11b3", "B11b4",   "B11b5",
+    "B11c3", "B11c4", "B11c5", "CHKC1", "CHKC2", "CHKC3", "CHKC4", "c1",    "C3",    "JMLPHSL", "JmlB5"};
+
+TEST_F(ReturnNormalisationOrder, IsThatOfTheFormWhereverARecordLacksAField) {
+  run("INSERT INTO D113210 (NPWP) VALUES ('1')");
+  for (const std::string_view missing : fieldsInOrder) {
+    // All other fields, each of them Null.
+    std::string columns;
+    for (const std::string_view field : fieldsInOrder)
+      if (field != missing) columns.append(columns.empty() ? "BRUTO AS " : ", BRUTO AS ").append(field);
+    const RecordsetPtr rows = Recordset::create();
+    rows->Open("SELECT " + columns + " FROM D113210", connection_, adOpenStatic, adLockOptimistic, adCmdText);
+    mainReturn_.rs4_2Form(rows);
+    messages_.clear();
+    mainReturn_.pHitPjk3204(1);
+    EXPECT_THAT(messages_.texts(), ElementsAre(description(ErrorNumber::ItemNotFound))) << missing;
+    bool isReached = true;
+    for (const std::string_view field : fieldsInOrder) {
+      isReached = isReached && field != missing;
+      if (field != missing) {
+        EXPECT_EQ(!isNull(field), isReached) << field << " where there is no " << missing;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tarvola::test

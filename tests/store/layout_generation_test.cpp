@@ -82,6 +82,21 @@ TEST_F(LayoutGeneration, OfEveryOtherMainFormIsNew) {
   EXPECT_TRUE(isNew("F113205"));
 }
 
+// The text is cut before the form is looked at, so that one that is missing fails for every form.
+TEST_F(LayoutGeneration, OfAFormWithoutAPackedTextIsUnknownAfterAMessage) {
+  store("F113201", "111", 2);
+  session.execute("UPDATE DS_FORM_INDUK SET DAT_FORM = NULL");
+  EXPECT_FALSE(isNew("F113201"));
+  EXPECT_THAT(session.messages().texts(), ElementsAre(errorText(ErrorNumber::InvalidUseOfNull)));
+}
+
+TEST_F(LayoutGeneration, IsThatOfTheFirstFilingWhereNoCorrectionIsNamed) {
+  store("F113204", "113", 107, 0);
+  store("F113204", "113", 88, 1);
+  EXPECT_TRUE(general.IsNewSchema("1", "2009", "", "", "F113204"));
+  EXPECT_TRUE(session.messages().empty());
+}
+
 TEST_F(LayoutGeneration, IsLookedForUnderTheTaxKindOfTheForm) {
   store("F113204", "114", 107);
   EXPECT_FALSE(isNew("F113204"));

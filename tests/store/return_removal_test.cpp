@@ -227,6 +227,19 @@ TEST_F(Removal, OfAFirstFilingWithoutDocumentsStillTakesThePayments) {
   EXPECT_FALSE(holds("transfer"));
 }
 
+// A kind that is none of the five has the article 0, which no payment of a return has.
+TEST_F(Removal, OfAnUnknownKindWithoutDocumentsTakesThePaymentsOfNoArticle) {
+  payment("no article", 0, {});
+  transfer("transfer of no article", 0, {});
+  for (const int article : {4, 15, 21, 22, 23}) payment("article " + std::to_string(article), article, {});
+  transfer("transfer", 4, {});
+  general.pDelete(filer, "999", 1, 2009, 0);
+  EXPECT_EQ(session.rowsOf("SELECT NTPP FROM DATSSP ORDER BY NTPP"),
+            "article 15\narticle 21\narticle 22\narticle 23\narticle 4\n");
+  EXPECT_EQ(session.rowsOf("SELECT NoBuktiPBK FROM datPBKPPhMasa"), "transfer\n");
+  EXPECT_TRUE(session.messages().empty());
+}
+
 TEST_F(Removal, OfACorrectionWithoutDocumentsTakesNothing) {
   payment("payment", 4, {});
   item("113", {1, 2009, 1}, "DS_FORM_LAMPIRAN", "D113206");
@@ -315,6 +328,23 @@ TEST_F(RemovalThatFails, OverAFilerWithAnApostropheLeavesOnlyTheTransfers) {
   general.pDelete("013121660091000' OR '1' = '1", "113", 1, 2009, 0);
   EXPECT_THAT(tablesWithRows(), ElementsAre("datPBKPPhMasa"));
   EXPECT_THAT(session.messages().texts(), SizeIs(1));
+}
+
+// The search for documents shows its own failure and has found nothing then; the payments of the month go all the same.
+TEST_F(RemovalThatFails, InTheSearchForDocumentsTakesThePaymentsOnly) {
+  test::runNative(session.store().path(), "ALTER TABLE DS_FORM_INDUK RENAME TO GONE");
+  general.pDelete(filer, "113", 1, 2009, 0);
+  EXPECT_THAT(session.messages().texts(), ElementsAre(testing::HasSubstr("'DS_FORM_INDUK'")));
+  test::runNative(session.store().path(), "ALTER TABLE GONE RENAME TO DS_FORM_INDUK");
+  EXPECT_THAT(tablesWithRows(),
+              ElementsAre("DS_FORM_INDUK", "DS_FORM_LAMPIRAN", "DAT_SSP_PPh22", "LAMPIRAN_SSP_PPh22"));
+}
+
+TEST_F(RemovalThatFails, InBothSortsOfPaymentsShowsThatOfTheRecordsFirst) {
+  test::runNative(session.store().path(), "DROP TABLE DATSSP; DROP TABLE datPBKPPhMasa");
+  general.pDelete(filer, "113", 1, 2009, 0);
+  EXPECT_THAT(session.messages().texts(),
+              ElementsAre(testing::HasSubstr("'DATSSP'"), testing::HasSubstr("'datPBKPPhMasa'")));
 }
 
 // Payments are removed in the order of their dates, row by row.

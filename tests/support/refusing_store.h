@@ -7,16 +7,20 @@
 
 namespace tarvola::test {
 
+/// Runs a text of the engine's own, behind the back of every connection.
+inline void runNative(const std::string& path, const std::string& text) {
+  sqlite3* handle = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(handle, text.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+  sqlite3_close(handle);
+}
+
 /// Makes a store refuse a kind of write from now on: refuseWrites(path, "DELETE", "DATSSP"). It stands for whatever may
 /// go wrong between two statements of an operation. A condition on the rows, "OLD.KdMAP = '0118'", narrows it.
 inline void refuseWrites(const std::string& path, const std::string& write, const std::string& table,
                          const std::string& condition = "1") {
-  sqlite3* handle = nullptr;
-  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
-  const std::string trigger = "CREATE TRIGGER REFUSE_" + write + "_" + table + " BEFORE " + write + " ON " + table +
-                              " WHEN " + condition + " BEGIN SELECT RAISE(ABORT, 'refused'); END";
-  EXPECT_EQ(sqlite3_exec(handle, trigger.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
-  sqlite3_close(handle);
+  runNative(path, "CREATE TRIGGER REFUSE_" + write + "_" + table + " BEFORE " + write + " ON " + table + " WHEN " +
+                      condition + " BEGIN SELECT RAISE(ABORT, 'refused'); END");
 }
 
 }  // namespace tarvola::test

@@ -99,7 +99,7 @@ void Checker::noteUnknown(const Expression& expression) {
   if (std::ranges::find(unknownNames_, name) == unknownNames_.end()) unknownNames_.push_back(std::move(name));
 }
 
-void Checker::checkChain(Expression& expression) const {
+void Checker::checkChain(Expression& expression) {
   const auto count = [&](Family family) {
     return std::ranges::count_if(expression.operands,
                                  [family](const ExpressionPtr& operand) { return operand->family == family; });
@@ -107,6 +107,15 @@ void Checker::checkChain(Expression& expression) const {
   const auto all = static_cast<std::ptrdiff_t>(expression.operands.size());
   const Binding binding = rowOf(expression.operators.front()).binding;
   if (binding <= Binding::And) return setType(expression, ColumnType::Boolean);
+  // Arithmetic with a Null is Null whatever the others are, a text that is no number included: NPWP + Null. "&" takes a
+  // Null for "".
+  const bool isNull = binding != Binding::Join && std::ranges::any_of(expression.operands, [](const auto& operand) {
+                        return operand->kind == ExpressionKind::Null;
+                      });
+  if (isNull) {
+    expression.kind = ExpressionKind::Null;
+    return;
+  }
   const bool joins = binding == Binding::Add && count(Family::Text) == all &&
                      std::ranges::count(expression.operators, Operator::Subtract) == 0;
   if (binding == Binding::Join || joins) return setType(expression, ColumnType::Text);

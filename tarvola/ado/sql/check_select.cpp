@@ -52,7 +52,8 @@ bool isNumberLiteral(const Expression& expression) {
 
 std::vector<Column> columnsOf(const Query& query) {
   std::vector<Column> columns;
-  for (const OutputColumn& output : query.parts.front()->columns) columns.push_back({output.name, output.type});
+  for (const OutputColumn& output : query.parts.front()->columns)
+    columns.push_back({output.name, output.type, output.column != nullptr ? output.column->length : 0});
   for (std::size_t part = 1; part < query.parts.size(); ++part)
     for (std::size_t place = 0; place < columns.size(); ++place)
       columns[place].type = commonType(columns[place].type, query.parts[part]->columns[place].type);

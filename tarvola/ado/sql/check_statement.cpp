@@ -14,6 +14,18 @@ const Column* findColumn(const std::vector<Column>& columns, std::string_view na
   return found == columns.end() ? nullptr : &*found;
 }
 
+void addTarget(Insert& insert, std::string_view name) {
+  const Column* column = findColumn(insert.target->columns, name);
+  if (column == nullptr) fail(ErrorNumber::SyntaxError, unknownInsertFieldText(name));
+  if (std::ranges::find(insert.targets, column) != insert.targets.end())
+    fail(ErrorNumber::SyntaxError, duplicateDestinationText(name));
+  insert.targets.push_back(column);
+}
+
+bool hasStar(const Query& query) {
+  return std::ranges::any_of(query.parts.front()->items, [](const SelectItem& item) { return !item.expression; });
+}
+
 }  // namespace
 
 void Checker::check(Statement& statement) {
@@ -42,6 +54,7 @@ void Checker::checkBody(Insert& insert) {
   const Scope scope{nullptr, &nothing, nullptr, "expression"};
   for (const ExpressionPtr& value : insert.values) checkExpression(*value, scope);
   if (insert.query) checkQuery(*insert.query, nullptr, false);
+  if (insert.query && !insert.hasColumns && hasStar(*insert.query)) takeTargetsByName(insert);
   const std::size_t count = insert.query ? insert.query->parts.front()->columns.size() : insert.values.size();
   if (count != insert.targets.size()) fail(ErrorNumber::SyntaxError, valueCountText());
 }
@@ -49,13 +62,13 @@ void Checker::checkBody(Insert& insert) {
 void Checker::checkTargets(Insert& insert) {
   if (!insert.hasColumns)
     for (const Column& column : insert.target->columns) insert.targets.push_back(&column);
-  for (const std::string_view name : insert.columns) {
-    const Column* column = findColumn(insert.target->columns, name);
-    if (column == nullptr) fail(ErrorNumber::SyntaxError, unknownInsertFieldText(name));
-    if (std::ranges::find(insert.targets, column) != insert.targets.end())
-      fail(ErrorNumber::SyntaxError, duplicateDestinationText(name));
-    insert.targets.push_back(column);
-  }
+  for (const std::string_view name : insert.columns) addTarget(insert, name);
+}
+
+// What a star stands for goes into the columns of the same names, wherever they stand.
+void Checker::takeTargetsByName(Insert& insert) {
+  insert.targets.clear();
+  for (const OutputColumn& output : insert.query->parts.front()->columns) addTarget(insert, output.name);
 }
 
 void Checker::checkBody(Update& update) {

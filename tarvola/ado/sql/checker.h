@@ -33,7 +33,8 @@ class Checker {
   void checkBody(Insert& insert);
   void checkBody(Update& update);
   void checkBody(Delete& remove);
-  void checkTargets(Insert& insert);
+  static void checkTargets(Insert& insert);
+  static void takeTargetsByName(Insert& insert);
   const Table& tableNamed(std::string_view name) const;
   [[noreturn]] void failOnNamesOrTypes() const;
 
@@ -61,7 +62,7 @@ class Checker {
   void checkLiteral(Expression& expression) const;
   void checkName(Expression& expression, const Scope& scope);
   bool findName(Expression& expression, const Scope& scope) const;
-  void checkChain(Expression& expression) const;
+  static void checkChain(Expression& expression);
   void checkComparison(Expression& expression);
   bool isPeriod(Expression& expression) const;
   void checkOperandsAgree(const Expression& expression);

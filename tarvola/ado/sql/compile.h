@@ -49,7 +49,8 @@ enum class Conversion : std::uint8_t {
   Text,           ///< text as text
   Number,         ///< number as number
   TextToNumber,   ///< assigned text read as a number under the regional settings; not readable: criteria mismatch
-  TextToInteger,  ///< the same, half to even
+  TextToInteger,  ///< the same as an Integer of 16 bits, half to even; beyond it: numeric overflow
+  TextToLong,     ///< the same as a Long of 32 bits
   NumberToText,   ///< assigned number as its text
   TextToDate,     ///< assigned text read as a date (dd/MM/yyyy or ISO); not readable: criteria mismatch
   Date,           ///< a #...# literal
@@ -58,13 +59,18 @@ enum class Conversion : std::uint8_t {
   LikePattern,    ///< a LIKE pattern: % and _ are wildcards, sets in [ ] too
   GlobPattern,    ///< a LIKE pattern in the words of an engine that matches sets, but minds the case of letters
 
-  TextToDay,        ///< DateValue of a text: its day, without the time
-  TextToBoolean,    ///< assigned text: "True", "False" or a number
-  NumberToInteger,  ///< assigned number, half to even
-  NumberToBoolean,  ///< assigned number: 0 is False
-  NumberToDate,     ///< a number as days since 30 December 1899
-  DateToText,       ///< assigned date in its text form
-  DateToNumber,     ///< assigned date as days since 30 December 1899
+  TextToDay,         ///< DateValue of a text: its day, without the time
+  TextToBoolean,     ///< assigned text: "True", "False" or a number
+  NumberToInteger,   ///< assigned number as an Integer of 16 bits, half to even; beyond it: numeric overflow
+  NumberToLong,      ///< the same as a Long of 32 bits
+  NegatedToInteger,  ///< assigned number with a minus sign in front, which may be -32768
+  NegatedToLong,     ///< the same as a Long
+  NumberToBoolean,   ///< assigned number: 0 is False
+  NumberToDate,      ///< a number as days since 30 December 1899
+  DateToText,        ///< assigned date in its text form
+  DateToNumber,      ///< assigned date as days since 30 December 1899
+  DateToInteger,     ///< the same as an Integer of 16 bits, half to even; beyond it: numeric overflow
+  DateToLong,        ///< the same as a Long of 32 bits
 };
 
 /// How an engine wants its own text. A difference between engines is a field here, never a name in an `if`.

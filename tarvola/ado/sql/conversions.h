@@ -26,10 +26,13 @@ struct AssignmentRow {
 };
 
 constexpr AssignmentRow assignmentRow(ColumnType target) {
-  if (isWhole(target))
+  if (target == ColumnType::Integer)
     return {.fromText = Conversion::TextToInteger,
             .fromNumber = Conversion::NumberToInteger,
-            .fromDate = Conversion::DateToNumber};
+            .fromDate = Conversion::DateToInteger};
+  if (target == ColumnType::Long)
+    return {
+        .fromText = Conversion::TextToLong, .fromNumber = Conversion::NumberToLong, .fromDate = Conversion::DateToLong};
   switch (familyOf(target)) {
     case Family::Text:
       return {.fromText = Conversion::Text, .fromNumber = Conversion::NumberToText, .fromDate = Conversion::DateToText};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -25,5 +26,20 @@ struct EngineFunction {
 
 /// All functions of the kind, the fold function of EngineDialect among them.
 std::span<const EngineFunction> engineFunctions() noexcept;
+
+/// Which of the values of a group an aggregate keeps. Without a row it gives Null.
+enum class KeptValue : std::uint8_t {
+  First,  ///< that of the row that comes first
+  Last,   ///< that of the row that comes last
+  Only,   ///< that of the only row; a second one: "At most one record can be returned by this subquery."
+};
+
+/// An aggregate of one argument that compiled texts call and that an engine does not have by itself.
+struct EngineAggregate {
+  std::string_view name;
+  KeptValue keeps;
+};
+
+std::span<const EngineAggregate> engineAggregates() noexcept;
 
 }  // namespace tarvola::ado::sql

@@ -14,7 +14,9 @@ enum class ArgumentKind : char {
   Text = 'T',
   Number = 'N',
   Date = 'D',
-  Day = 'd',  // a date without its time
+  Day = 'd',       // a date without its time
+  Count = 'C',     // a whole number of characters, none at least; fewer is error 5
+  Position = 'P',  // a place in a text, counted from 1
   Condition = 'B',
 };
 
@@ -37,7 +39,9 @@ bool isAggregate(std::string_view name) noexcept;
 /// The function for so many arguments, nullptr if none takes that many.
 const FunctionRow* findFunction(std::string_view name, std::size_t argumentCount, Family first) noexcept;
 
-/// The engine's function that converts a computed value to a column's type, "" where none is needed.
+/// The engine's function that converts a computed value to a type, "" where none is needed.
 std::string_view conversionFunction(Family from, ColumnType fromType, ColumnType to) noexcept;
+/// The same for a value that is put into a column of the type: a whole number must fit the column's width.
+std::string_view assignmentFunction(Family from, ColumnType fromType, ColumnType to) noexcept;
 
 }  // namespace tarvola::ado::sql

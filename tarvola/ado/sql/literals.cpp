@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "tarvola/ado/sql/date_literal.h"
 #include "tarvola/ado/sql/glob_pattern.h"
@@ -50,10 +51,12 @@ Date dateOfText(const Literal& literal, std::string& scratch) {
   return *date;
 }
 
-// Halves go to the even neighbour, as in every conversion to a whole number.
+/// A whole number of the width of a column; halves go to the even neighbour.
+template <class Whole>
 Cell wholeCell(double value) {
+  using Limits = std::numeric_limits<Whole>;
   const double rounded = std::nearbyint(value);
-  if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) failOverflow();
+  if (!(rounded >= Limits::min() && rounded <= Limits::max())) failOverflow();
   return Cell::longInteger(static_cast<std::int32_t>(rounded));
 }
 
@@ -75,7 +78,10 @@ Cell text(const Literal& literal, std::string& scratch) { return Cell::text(plai
 
 Cell textToNumber(const Literal& literal, std::string& scratch) { return Cell::number(numberOfText(literal, scratch)); }
 
-Cell textToInteger(const Literal& literal, std::string& scratch) { return wholeCell(numberOfText(literal, scratch)); }
+template <class Whole>
+Cell textToWhole(const Literal& literal, std::string& scratch) {
+  return wholeCell<Whole>(numberOfText(literal, scratch));
+}
 
 Cell numberToText(const Literal& literal, std::string& scratch) { return textCell(CStr(numberOf(literal)), scratch); }
 
@@ -112,7 +118,16 @@ Cell textToBoolean(const Literal& literal, std::string& scratch) {
   return Cell::boolean(numberOfText(literal, scratch) != 0);
 }
 
-Cell numberToInteger(const Literal& literal, std::string&) { return wholeCell(numberOf(literal)); }
+template <class Whole>
+Cell numberToWhole(const Literal& literal, std::string&) {
+  return wholeCell<Whole>(numberOf(literal));
+}
+
+template <class Whole>
+Cell negatedToWhole(const Literal& literal, std::string&) {
+  return wholeCell<Whole>(-numberOf(literal));
+}
+
 Cell numberToBoolean(const Literal& literal, std::string&) { return Cell::boolean(numberOf(literal) != 0); }
 
 Cell numberToDate(const Literal& literal, std::string&) {
@@ -129,6 +144,14 @@ Cell dateToText(const Literal& literal, std::string& scratch) {
 
 Cell dateToNumber(const Literal& literal, std::string&) { return Cell::number(dateOfLiteral(literal.text).serial()); }
 
+template <class Whole>
+Cell dateToWhole(const Literal& literal, std::string&) {
+  return wholeCell<Whole>(dateOfLiteral(literal.text).serial());
+}
+
+using Integer = std::int16_t;
+using Long = std::int32_t;
+
 struct ConversionRow {
   Conversion conversion;
   Converter converter;
@@ -138,7 +161,8 @@ constexpr auto conversionRows = std::to_array<ConversionRow>({
     {Conversion::Text, text},
     {Conversion::Number, number},
     {Conversion::TextToNumber, textToNumber},
-    {Conversion::TextToInteger, textToInteger},
+    {Conversion::TextToInteger, textToWhole<Integer>},
+    {Conversion::TextToLong, textToWhole<Long>},
     {Conversion::NumberToText, numberToText},
     {Conversion::TextToDate, textToDate},
     {Conversion::Date, date},
@@ -148,18 +172,23 @@ constexpr auto conversionRows = std::to_array<ConversionRow>({
     {Conversion::GlobPattern, likeInGlob},
     {Conversion::TextToDay, textToDay},
     {Conversion::TextToBoolean, textToBoolean},
-    {Conversion::NumberToInteger, numberToInteger},
+    {Conversion::NumberToInteger, numberToWhole<Integer>},
+    {Conversion::NumberToLong, numberToWhole<Long>},
+    {Conversion::NegatedToInteger, negatedToWhole<Integer>},
+    {Conversion::NegatedToLong, negatedToWhole<Long>},
     {Conversion::NumberToBoolean, numberToBoolean},
     {Conversion::NumberToDate, numberToDate},
     {Conversion::DateToText, dateToText},
     {Conversion::DateToNumber, dateToNumber},
+    {Conversion::DateToInteger, dateToWhole<Integer>},
+    {Conversion::DateToLong, dateToWhole<Long>},
 });
 
 static_assert(
     [] {
       for (std::size_t place = 0; place < conversionRows.size(); ++place)
         if (conversionRows[place].conversion != static_cast<Conversion>(place)) return false;
-      return conversionRows.size() == static_cast<std::size_t>(Conversion::DateToNumber) + 1;
+      return conversionRows.size() == static_cast<std::size_t>(Conversion::DateToLong) + 1;
     }(),
     "each conversion stands in its own place");
 

@@ -77,6 +77,10 @@ bool Parser::isName(std::size_t ahead) const {
   return token.kind == TokenKind::Name || (token.kind == TokenKind::Word && !isReserved(token.text));
 }
 
+bool Parser::closesNested(const Token& token) const {
+  return openParentheses_ != 0 && token.kind == TokenKind::Sign && (token.text == ")" || token.text == "]");
+}
+
 std::string_view Parser::sourceFrom(std::size_t token) const {
   const char* first = tokens_[token].source.data();
   const std::string_view last = token < at_ ? tokens_[at_ - 1].source : tokens_[token].source.substr(0, 0);
@@ -87,8 +91,7 @@ bool Parser::endsEcho(const Token& token, std::size_t depth) const {
   if (token.kind == TokenKind::End || (token.kind == TokenKind::Sign && token.text == ";")) return true;
   if (echo_ == Echo::Rest || depth != 0) return false;
   if (token.kind == TokenKind::Word) return isAmong(token.text, clauseWords);
-  if (token.kind != TokenKind::Sign) return false;
-  return (token.text == ")" && openParentheses_ != 0) || (token.text == "," && echo_ == Echo::Item);
+  return closesNested(token) || (token.kind == TokenKind::Sign && token.text == "," && echo_ == Echo::Item);
 }
 
 std::string_view Parser::echo() const {
@@ -106,7 +109,7 @@ std::string_view Parser::echo() const {
 
 void Parser::requireFollower(std::initializer_list<std::string_view> followers) {
   if (peek().kind == TokenKind::End || isSign(";")) return;
-  if (isSign(")") && openParentheses_ != 0) return;
+  if (closesNested(peek())) return;
   const bool follows =
       std::ranges::any_of(followers, [this](std::string_view next) { return isSign(next) || isWord(next); });
   if (!follows) failAtToken();

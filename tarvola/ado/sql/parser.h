@@ -45,6 +45,8 @@ class Parser {
   bool takeWord(std::string_view word);
   bool takeSign(std::string_view sign);
   [[nodiscard]] bool isName(std::size_t ahead = 0) const;
+  /// Whether a nested query or join ends here.
+  [[nodiscard]] bool closesNested(const Token& token) const;
   [[nodiscard]] std::string_view sourceFrom(std::size_t token) const;
   [[nodiscard]] std::string_view echo() const;
   [[nodiscard]] bool endsEcho(const Token& token, std::size_t depth) const;
@@ -74,6 +76,7 @@ class Parser {
   std::unique_ptr<FromItem> joinWith(std::unique_ptr<FromItem> left, JoinKind kind);
   std::unique_ptr<FromItem> tableOrQuery();
   std::unique_ptr<FromItem> inParentheses();
+  std::unique_ptr<FromItem> inBrackets();
   std::unique_ptr<FromItem> tableName(const std::string& error);
   std::string_view tableAlias();
   std::optional<JoinKind> joinWords();

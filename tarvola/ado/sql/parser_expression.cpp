@@ -222,13 +222,15 @@ ExpressionPtr Parser::parenthesised() {
 
 void Parser::closeParenthesis() {
   if (takeSign(")")) return;
-  const bool over = peek().kind == TokenKind::End || isSign(";") || (peek().kind == TokenKind::Word && !isName());
+  const bool over =
+      peek().kind == TokenKind::End || isSign(";") || isSign("]") || (peek().kind == TokenKind::Word && !isName());
   if (over) failSyntax(missingParenthesisText(echo()));
   failAtToken();
 }
 
 ExpressionPtr Parser::name() {
-  const bool isFunction = isSign("(", 1) && (isName() || isWord("LEFT") || isWord("RIGHT"));
+  // Three words of the language are names of functions too.
+  const bool isFunction = isSign("(", 1) && (isName() || isWord("LEFT") || isWord("RIGHT") || isWord("ASC"));
   if (isFunction) return call();
   if (isWord("EXISTS")) return exists();
   const std::size_t first = at_;

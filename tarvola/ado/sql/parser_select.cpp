@@ -88,8 +88,8 @@ std::vector<std::unique_ptr<FromItem>> Parser::fromList() {
   std::vector<std::unique_ptr<FromItem>> items;
   do items.push_back(joined());
   while (takeSign(","));
-  const bool isOver = peek().kind == TokenKind::End || isSign(";") || (isSign(")") && openParentheses_ != 0) ||
-                      isWord("WHERE") || isWord("GROUP") || isWord("HAVING") || isWord("ORDER") || isWord("UNION");
+  const bool isOver = peek().kind == TokenKind::End || isSign(";") || closesNested(peek()) || isWord("WHERE") ||
+                      isWord("GROUP") || isWord("HAVING") || isWord("ORDER") || isWord("UNION");
   if (!isOver) failSyntax(clauseSyntaxText("FROM"));
   return items;
 }
@@ -125,6 +125,7 @@ std::unique_ptr<FromItem> Parser::joinWith(std::unique_ptr<FromItem> left, JoinK
 
 std::unique_ptr<FromItem> Parser::tableOrQuery() {
   if (isSign("(")) return inParentheses();
+  if (isSign("[")) return inBrackets();
   return tableName(clauseSyntaxText("FROM"));
 }
 
@@ -141,6 +142,19 @@ std::unique_ptr<FromItem> Parser::inParentheses() {
   std::unique_ptr<FromItem> made = joined();
   --openParentheses_;
   if (!takeSign(")")) failSyntax(joinSyntaxText());
+  return made;
+}
+
+// [SELECT ...]. AS a: what was written before a query could stand in parentheses.
+std::unique_ptr<FromItem> Parser::inBrackets() {
+  const Nesting nesting(*this);
+  take();
+  auto made = std::make_unique<FromItem>();
+  ++openParentheses_;
+  made->query = query();
+  --openParentheses_;
+  if (!takeSign("]") || !takeSign(".")) failSyntax(clauseSyntaxText("FROM"));
+  made->alias = tableAlias();
   return made;
 }
 

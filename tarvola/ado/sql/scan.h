@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 // Where the pieces of a statement begin and end. The reader of shapes and the tokenizer share these rules, so that both
 // always see the same literals.
@@ -109,6 +111,24 @@ inline const char* closingHash(const char* open, const char* end) noexcept {
 inline const char* closingBracket(const char* open, const char* end) noexcept {
   const char closing = *open == '[' ? ']' : *open;
   return static_cast<const char*>(std::memchr(open + 1, closing, static_cast<std::size_t>(end - open - 1)));
+}
+
+/// Whether the bracket at `open` encloses a query, "[SELECT ...]. AS a": the old form of a query in FROM, whose closing
+/// bracket is followed by a point and no name. "[Select a].[b]" is a column.
+inline bool isQueryInBrackets(const char* open, const char* end) noexcept {
+  constexpr std::string_view select = "SELECT";
+  if (*open != '[') return false;
+  const char* word = open + 1;
+  while (word != end && isBlank(*word)) ++word;
+  const char* behind = wordEnd(word, end);
+  const std::string_view first(word, static_cast<std::size_t>(behind - word));
+  const auto sameLetter = [](char upper, char other) { return upper == other || upper + ('a' - 'A') == other; };
+  if (!std::equal(select.begin(), select.end(), first.begin(), first.end(), sameLetter)) return false;
+  const char* closing = closingBracket(open, end);
+  if (closing == nullptr || closing + 1 == end || closing[1] != '.') return false;
+  if (closing + 2 == end) return true;
+  const char next = closing[2];
+  return !isPartOfWord(next) && classOf(next) != CharacterClass::Name && next != '*';
 }
 
 /// Whether any of the characters lies beyond ASCII.

@@ -82,8 +82,9 @@ class ShapeReader {
     take(LiteralKind::Date, at_ + 1, closing, closing + 1, at_, dateMark);
   }
 
+  // Inside a query in brackets there are literals.
   void name() {
-    const char* closing = closingBracket(at_, end_);
+    const char* closing = isQueryInBrackets(at_, end_) ? at_ : closingBracket(at_, end_);
     at_ = closing == nullptr ? end_ : closing + 1;
   }
 

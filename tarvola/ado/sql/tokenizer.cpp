@@ -36,6 +36,7 @@ class Tokenizer {
       case CharacterClass::Hash:
         return fenced(closingHash(at_, end_), TokenKind::Date, TokenKind::OpenDate);
       case CharacterClass::Name:
+        if (isQueryInBrackets(at_, end_)) return plain(TokenKind::Sign, at_ + 1);
         return fenced(closingBracket(at_, end_), TokenKind::Name, TokenKind::OpenName);
       case CharacterClass::Foreign:
         return plain(TokenKind::Foreign, at_ + 1);

@@ -27,7 +27,7 @@ EngineText Writer::write(const Insert& insert) {
   put(") VALUES (");
   for (std::size_t place = 0; place < insert.values.size(); ++place) {
     if (place != 0) put(", ");
-    converted(*insert.values[place], insert.targets[place]->type, Level::Or);
+    assignedValue(*insert.values[place], *insert.targets[place]);
   }
   put(")");
   return std::move(out_);
@@ -41,7 +41,7 @@ EngineText Writer::write(const Update& update) {
     put(between);
     putName(assignment.target->column->name);
     put(" = ");
-    converted(*assignment.value, assignment.target->column->type, Level::Or);
+    assignedValue(*assignment.value, *assignment.target->column);
     between = ", ";
   }
   putWhere(update.where.get());

@@ -59,7 +59,7 @@ class Writer {
   void result(const Select& select, std::size_t place, const SelectUse& use);
   void resultName(const OutputColumn& output);
   void identity(const Select& select);
-  void plainColumn(const OutputColumn& output, ColumnType target);
+  void assignedResult(const OutputColumn& output, const Column& target);
   void fromClause(const Select& select);
   void fromItem(const FromItem& item, bool isWhole);
   void table(const FromItem& item);
@@ -90,12 +90,20 @@ class Writer {
   void isNull(const Expression& expression);
   void exists(const Expression& expression);
   void subquery(const Expression& expression);
+  void onlyRow(const Query& asked);
   void chain(const Expression& expression);
   void conditions(const Expression& chain);
   void numbers(const Expression& chain);
+  bool beginUnlessNull(const Expression& chain, std::size_t textPlace);
   void joinedTexts(const Expression& chain);
   void powers(const Expression& chain);
   void converted(const Expression& expression, ColumnType target, Level loosest);
+  /// A value on its way into a column: converted to its type, and held against its width.
+  void assignedValue(const Expression& expression, const Column& target);
+  void assignedValue(const Expression& expression, ColumnType target);
+  /// What is put between the two is held against the length of a text column that has one.
+  void beginBounded(const Column& target);
+  void endBounded(const Column& target);
   bool literalAs(const Expression& expression, ColumnType target);
   void call(const Expression& expression);
   void argument(const Expression& call, std::size_t place);

@@ -36,6 +36,11 @@ bool isTruth(const Expression& expression) {
   }
 }
 
+/// Whether a query can have no second row: an aggregate over all rows.
+bool givesOneRow(const Query& query) {
+  return query.parts.size() == 1 && query.parts.front()->aggregated && query.parts.front()->groupBy.empty();
+}
+
 Level chainLevel(const Expression& chain) {
   switch (bindingOf(chain)) {
     case Binding::Or:
@@ -141,9 +146,22 @@ void Writer::exists(const Expression& expression) {
 
 void Writer::subquery(const Expression& expression) {
   const Nested nested(*this);
+  const Query& asked = *expression.query;
+  const bool isValue = expression.kind == ExpressionKind::Subquery;
   put("(");
-  query(*expression.query, {});
+  isValue && !givesOneRow(asked) ? onlyRow(asked) : query(asked, {});
   put(")");
+}
+
+// An engine of its own accord takes the first of several rows; here a second one is a failure.
+void Writer::onlyRow(const Query& asked) {
+  const Nested nested(*this);
+  put("SELECT tv_only(");
+  putName(asked.parts.front()->columns.front().name);
+  put(") FROM (");
+  query(asked, {.namesColumns = true});
+  put(")");
+  putAs("tv_asked");
 }
 
 // Two signs in a row would begin a comment of the engine, so what has a sign of its own stands in parentheses.
@@ -196,8 +214,30 @@ void Writer::numbers(const Expression& chain) {
       put(rowOf(op).engine);
       put(" ");
     }
-    converted(*chain.operands[place], type, binding == Binding::Add ? Level::Multiply : Level::Join);
+    if (beginUnlessNull(chain, place)) {
+      converted(*chain.operands[place], type, Level::Or);
+      put(" END");
+    } else {
+      converted(*chain.operands[place], type, binding == Binding::Add ? Level::Multiply : Level::Join);
+    }
   }
+}
+
+// Where one operand is Null the result is, whatever the others are: a text is read as a number only if no column beside
+// it is Null.
+bool Writer::beginUnlessNull(const Expression& chain, std::size_t textPlace) {
+  if (chain.operands[textPlace]->family != Family::Text) return false;
+  bool isGuarded = false;
+  for (std::size_t place = 0; place < chain.operands.size(); ++place) {
+    const Expression& other = *chain.operands[place];
+    if (place == textPlace || other.kind != ExpressionKind::Name) continue;
+    put(isGuarded ? " AND " : "CASE WHEN ");
+    name(other);
+    put(" IS NOT NULL");
+    isGuarded = true;
+  }
+  if (isGuarded) put(" THEN ");
+  return isGuarded;
 }
 
 // "+" with a Null gives Null, as the engine's own operator does; "&" takes a Null for "".
@@ -234,6 +274,35 @@ void Writer::converted(const Expression& expression, ColumnType target, Level lo
   put(")");
 }
 
+void Writer::assignedValue(const Expression& expression, const Column& target) {
+  if (expression.kind == ExpressionKind::Null) return null(expression);
+  beginBounded(target);
+  assignedValue(expression, target.type);
+  endBounded(target);
+}
+
+void Writer::assignedValue(const Expression& expression, ColumnType target) {
+  if (literalAs(expression, target)) return;
+  const std::string_view function = assignmentFunction(expression.family, expression.type, target);
+  if (function.empty()) return value(expression, Level::Or);
+  const Nested nested(*this);
+  put(function);
+  put("(");
+  value(expression, Level::Or);
+  put(")");
+}
+
+void Writer::beginBounded(const Column& target) {
+  if (target.length != 0) put("tv_fit(");
+}
+
+void Writer::endBounded(const Column& target) {
+  if (target.length == 0) return;
+  put(", ");
+  put(std::to_string(target.length));
+  put(")");
+}
+
 bool Writer::literalAs(const Expression& expression, ColumnType target) {
   if (expression.kind == ExpressionKind::Literal) {
     putParameter(expression.literalPlace, assigned(expression.literal.kind, target));
@@ -241,8 +310,15 @@ bool Writer::literalAs(const Expression& expression, ColumnType target) {
   }
   const bool isNegative = expression.kind == ExpressionKind::Negate && isNumberLiteral(*expression.operands[0]);
   if (!isNegative || familyOf(target) != Family::Number) return false;
+  const Expression& number = *expression.operands[0];
+  if (isWhole(target)) {
+    // The least number of a width has no positive counterpart in it, so the sign is bound with the digits.
+    const bool isInteger = target == ColumnType::Integer;
+    putParameter(number.literalPlace, isInteger ? Conversion::NegatedToInteger : Conversion::NegatedToLong);
+    return true;
+  }
   put("-");
-  return literalAs(*expression.operands[0], target);
+  return literalAs(number, target);
 }
 
 void Writer::call(const Expression& expression) {
@@ -267,6 +343,14 @@ void Writer::argument(const Expression& call, std::size_t place) {
       return converted(given, ColumnType::Double, Level::Sign);
     case ArgumentKind::Date:
       return converted(given, ColumnType::Date, Level::Sign);
+    case ArgumentKind::Count:
+      put("tv_count(");
+      converted(given, ColumnType::Double, Level::Or);
+      return put(")");
+    case ArgumentKind::Position:
+      put("tv_position(");
+      converted(given, ColumnType::Double, Level::Or);
+      return put(")");
     case ArgumentKind::Condition:
       return condition(given, Level::Or);
     case ArgumentKind::Day:

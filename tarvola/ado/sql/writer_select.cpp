@@ -81,19 +81,21 @@ void Writer::results(const Select& select, const SelectUse& use) {
 
 void Writer::result(const Select& select, std::size_t place, const SelectUse& use) {
   const OutputColumn& output = select.columns[place];
-  const ColumnType target = use.targets.empty() ? ColumnType::Any : use.targets[place]->type;
-  if (output.column != nullptr) return plainColumn(output, target);
-  if (!use.targets.empty()) return converted(*output.expression, target, Level::Or);
+  if (!use.targets.empty()) return assignedResult(output, *use.targets[place]);
+  if (output.column != nullptr) return putColumn(output.source, *output.column);
   const bool needsRule = isComputedText(output) && (use.comparesRows || use.namesColumns);
   value(*output.expression, needsRule ? Level::Whole : Level::Or);
   if (needsRule) put(dialect_.caseInsensitive);
 }
 
-void Writer::plainColumn(const OutputColumn& output, ColumnType target) {
-  const std::string_view function = conversionFunction(familyOf(output.type), output.type, target);
+void Writer::assignedResult(const OutputColumn& output, const Column& target) {
+  if (output.column == nullptr) return assignedValue(*output.expression, target);
+  const std::string_view function = assignmentFunction(familyOf(output.type), output.type, target.type);
+  beginBounded(target);
   if (!function.empty()) (put(function), put("("));
   putColumn(output.source, *output.column);
   if (!function.empty()) put(")");
+  endBounded(target);
 }
 
 void Writer::resultName(const OutputColumn& output) {

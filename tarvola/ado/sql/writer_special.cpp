@@ -80,7 +80,7 @@ void Writer::topRows(const Select& select, const SelectUse& use) {
   grouping(select);
   orderClause(select);
   put(" LIMIT ");
-  putParameter(select.top->literalPlace, Conversion::NumberToInteger);
+  putParameter(select.top->literalPlace, Conversion::NumberToLong);
 }
 
 void Writer::rankedRows(const Select& select, const SelectUse& use) {
@@ -93,7 +93,7 @@ void Writer::rankedRows(const Select& select, const SelectUse& use) {
   putName(rankName);
   put(" <= ");
   if (select.top->percent) (put("("), putName(countName), put(" * "));
-  putParameter(select.top->literalPlace, Conversion::NumberToInteger);
+  putParameter(select.top->literalPlace, Conversion::NumberToLong);
   if (select.top->percent) put(" + 99) / 100");
   put(" ORDER BY ");
   putName(rankName);

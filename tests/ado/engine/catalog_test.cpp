@@ -31,6 +31,14 @@ TEST(DeclaredType, GoesByTheFirstWord) {
   for (const auto& [declaration, type] : cases) EXPECT_EQ(declaredType(declaration), type) << declaration;
 }
 
+TEST(DeclaredLength, IsThatOfATextInParentheses) {
+  const std::pair<const char*, std::size_t> cases[] = {
+      {"VARCHAR(20)", 20}, {"text (255)", 255}, {"CHAR(3)", 3},       {"TEXT", 0},   {"LONGTEXT(9)", 0},
+      {"DECIMAL(10)", 0},  {"VARCHAR()", 0},    {"VARCHAR(many)", 0}, {"INT(4)", 0}, {"", 0},
+  };
+  for (const auto& [declaration, length] : cases) EXPECT_EQ(declaredLength(declaration), length) << declaration;
+}
+
 class Catalogs : public testing::Test {
  protected:
   test::TempFolder folder_;

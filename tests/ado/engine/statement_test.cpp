@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <limits>
+
 #include "tarvola/ado/engine/session.h"
 #include "tarvola/runtime/errors.h"
 #include "tests/runtime/failures.h"
@@ -200,6 +202,80 @@ TEST_F(Statements, FailAsTheFunctionFailsThatTheyCall) {
   EXPECT_EQ(failureOf([&] { select("SELECT CDbl(BURSA) AS X FROM BURSA"); }),
             static_cast<std::int32_t>(ErrorNumber::CriteriaMismatch));
   EXPECT_EQ(value(select("SELECT BURSA FROM BURSA"), "BURSA"), Variant("no number")) << "the session goes on";
+}
+
+// 16 bits hold -32768 to 32767, 32 bits -2147483648 to 2147483647.
+TEST_F(Statements, RefuseANumberThatIsWiderThanItsColumn) {
+  const char* const overflow = "[Microsoft][ODBC Microsoft Access Driver] Numeric field overflow.";
+  change("INSERT INTO DATSSP (MsPjk, TableKey) VALUES (32767, 2147483647)");
+  change("UPDATE DATSSP SET MsPjk = -32768, TableKey = -2147483648");
+  const RowsPtr rows = select("SELECT * FROM DATSSP");
+  EXPECT_EQ(value(rows, "MsPjk"), Variant(std::int16_t{-32768}));
+  EXPECT_EQ(value(rows, "TableKey"), Variant(std::numeric_limits<std::int32_t>::min()));
+  for (const char* const wide : {
+           "INSERT INTO DATSSP (MsPjk) VALUES (32768)",
+           "INSERT INTO DATSSP (MsPjk) VALUES (-32769)",
+           "INSERT INTO DATSSP (MsPjk) VALUES ('40.000')",
+           "INSERT INTO DATSSP (MsPjk) VALUES (#1/1/2009#)",
+           "INSERT INTO DATSSP (MsPjk) SELECT TableKey FROM DATSSP",
+           "INSERT INTO DATSSP (MsPjk) SELECT 40000 FROM DATSSP",
+           "INSERT INTO DATSSP (TableKey) VALUES (2147483648)",
+           "INSERT INTO DATSSP (TableKey) VALUES ('-2147483649')",
+           "UPDATE DATSSP SET MsPjk = 40000",
+           "UPDATE DATSSP SET MsPjk = MsPjk - 1",
+           "UPDATE DATSSP SET TableKey = TableKey - 1",
+           "UPDATE DATSSP SET MsPjk = IIf(MsPjk < 0, 40000, 1)",
+           "UPDATE DATSSP SET MsPjk = '4' & '0000'",
+       }) {
+    EXPECT_EQ(failureOf([&] { change(wide); }), static_cast<std::int32_t>(ErrorNumber::Unspecified)) << wide;
+    EXPECT_EQ(descriptionOf([&] { change(wide); }), overflow) << wide;
+  }
+  const RowsPtr after = select("SELECT * FROM DATSSP");
+  ASSERT_EQ(after->count(), 1U);
+  EXPECT_EQ(value(after, "MsPjk"), Variant(std::int16_t{-32768}));
+  // In a comparison no column is filled, so that any number may stand there.
+  EXPECT_EQ(select("SELECT * FROM DATSSP WHERE MsPjk < 40000")->count(), 1U);
+}
+
+// The first row is changed by the time the second one fails, and is changed back; a sum that was asked for before does
+// not count it.
+TEST_F(Statements, ChangeNothingWhenALaterRowIsTooWide) {
+  change("INSERT INTO DS_FORM_INDUK (NOBUKTI, MS_PAJAK, Total_Bruto) VALUES ('1', 3, 100)");
+  change("INSERT INTO DS_FORM_INDUK (NOBUKTI, MS_PAJAK, Total_Bruto) VALUES ('2', 3, 10)");
+  const std::string sum = "SELECT SUM(Total_Bruto) AS S, COUNT(*) AS N FROM DS_FORM_INDUK WHERE MS_PAJAK = 3";
+  ASSERT_EQ(value(select(sum), "S"), Variant(110.0));
+  EXPECT_THROW(change("UPDATE DS_FORM_INDUK SET Total_Bruto = 7, TH_PAJAK = IIf(NOBUKTI = '2', 40000, 2009)"),
+               RunTimeError);
+  EXPECT_EQ(value(select(sum), "S"), Variant(110.0));
+  EXPECT_EQ(value(select(sum), "N"), Variant(std::int32_t{2}));
+  EXPECT_EQ(value(select("SELECT * FROM DS_FORM_INDUK WHERE NOBUKTI = '1'"), "TH_PAJAK"), Variant::null());
+}
+
+TEST_F(Statements, RefuseATextThatIsLongerThanItsColumn) {
+  const char* const tooSmall =
+      "[Microsoft][ODBC Microsoft Access Driver] The field is too small to accept the amount of data you attempted to "
+      "add.  Try inserting or pasting less data.";
+  behindItsBack("CREATE TABLE SEMPIT (KODE VARCHAR(3), NAMA VARCHAR(9), N SMALLINT)");
+  change("INSERT INTO SEMPIT VALUES ('a\xC3\xA9z', 'Jakarta', 7)");
+  change("INSERT INTO SEMPIT (KODE, NAMA) VALUES (123, Null)");
+  change("UPDATE SEMPIT SET KODE = Left(NAMA, 3) WHERE N = 7");
+  for (const char* const wide : {
+           "INSERT INTO SEMPIT VALUES ('abcd', '', 0)",
+           "INSERT INTO SEMPIT (KODE) VALUES (1234)",
+           "INSERT INTO SEMPIT (KODE) VALUES (#1/1/2009#)",
+           "INSERT INTO SEMPIT (KODE) SELECT NAMA FROM SEMPIT",
+           "INSERT INTO SEMPIT (KODE) SELECT 'x' & NAMA FROM SEMPIT",
+           "UPDATE SEMPIT SET KODE = 'abcd'",
+           "UPDATE SEMPIT SET KODE = NAMA",
+           "UPDATE SEMPIT SET KODE = N * 1000",
+       }) {
+    EXPECT_EQ(failureOf([&] { change(wide); }), static_cast<std::int32_t>(ErrorNumber::Unspecified)) << wide;
+    EXPECT_EQ(descriptionOf([&] { change(wide); }), tooSmall) << wide;
+  }
+  const RowsPtr rows = select("SELECT * FROM SEMPIT");
+  ASSERT_EQ(rows->count(), 2U);
+  EXPECT_EQ(value(rows, "KODE", 0), Variant("Jak"));
+  EXPECT_EQ(value(rows, "KODE", 1), Variant("123"));
 }
 
 TEST_F(Statements, PutThePartsOfAUnionBehindEachOther) {

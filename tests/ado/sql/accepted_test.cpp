@@ -96,9 +96,13 @@ TEST(AcceptedDialect, ComputesAsTheDialectDoes) {
        R"(SELECT "T" || "L", coalesce("T", '') || coalesce(tv_cstr("I"), ''), rowid FROM "Kinds")"},
       {"SELECT W + 30, W - W FROM Kinds",
        R"(SELECT tv_date(tv_serial("W") + ?), tv_serial("W") - tv_serial("W"), rowid FROM "Kinds" 0)"},
-      {"SELECT I + '5' FROM Kinds", R"(SELECT "I" + ?, rowid FROM "Kinds" 0)"},
+      // A text is read as a number only where no other operand is Null.
+      {"SELECT 7 + '5', T + 5 FROM Kinds", R"(SELECT ? + ?, tv_cdbl("T") + ?, rowid FROM "Kinds" 0 1 2)"},
+      {"SELECT T * I - 1 FROM Kinds",
+       R"(SELECT CASE WHEN "I" IS NOT NULL THEN tv_cdbl("T") END * "I" - ?, rowid FROM "Kinds" 0)"},
       {"SELECT Left(T, 2), RIGHT(T, 3), Mid$(T, 2), Len(T) FROM Kinds",
-       R"(SELECT substr("T", 1, ?), substr("T", max(length("T") - ? + 1, 1)), substr("T", ?), length("T"), rowid )"
+       R"(SELECT substr("T", 1, tv_count(?)), substr("T", max(length("T") - tv_count(?) + 1, 1)), )"
+       R"(substr("T", tv_position(?)), length("T"), rowid )"
        R"(FROM "Kinds" 0 1 2)"},
       {"SELECT IIf(I > 5, 'a', 'b') FROM Kinds",
        R"(SELECT CASE WHEN "I" > ? THEN ? ELSE ? END, rowid FROM "Kinds" 0 1 2)"},
@@ -106,6 +110,34 @@ TEST(AcceptedDialect, ComputesAsTheDialectDoes) {
        R"(SELECT "I", rowid FROM "Kinds" WHERE "W" = ? AND "W" = ? 0 1)"},
       {"SELECT DateValue(W), DateValue(T) FROM Kinds",
        R"(SELECT substr("W", 1, 10), substr(tv_cdate("T"), 1, 10), rowid FROM "Kinds")"},
+  };
+  expectAll(rows);
+}
+
+TEST(AcceptedDialect, ConvertsAComputedValueToTheWidthOfItsColumnWhereItCouldBeWider) {
+  constexpr AcceptedRow rows[] = {
+      {"UPDATE Kinds SET I = N, N = I, I = I", R"(UPDATE "Kinds" SET "I" = tv_integer("N"), "N" = "I", "I" = "I")"},
+      {"UPDATE Kinds SET I = D, N = D + 1, I = B, N = T",
+       R"(UPDATE "Kinds" SET "I" = tv_integer("D"), "N" = tv_long("D" + ?), "I" = "B", "N" = tv_long("T") 0)"},
+      {"UPDATE Kinds SET I = W, N = W, D = W",
+       R"(UPDATE "Kinds" SET "I" = tv_dateinteger("W"), "N" = tv_datelong("W"), "D" = tv_serial("W"))"},
+      {"INSERT INTO Kinds (I, N) SELECT N, I FROM Kinds",
+       R"(INSERT INTO "Kinds" ("I", "N") SELECT tv_integer("N"), "I" FROM "Kinds")"},
+      {"UPDATE Kinds SET I = NULL, N = I + NULL", R"(UPDATE "Kinds" SET "I" = NULL, "N" = NULL)"},
+  };
+  expectAll(rows);
+}
+
+TEST(AcceptedDialect, TakesArithmeticWithANullForNull) {
+  constexpr AcceptedRow rows[] = {
+      {"SELECT T + NULL, NULL + T, T + NULL + L FROM Kinds", R"(SELECT NULL, NULL, NULL, rowid FROM "Kinds")"},
+      {"SELECT I + NULL, D * NULL, T - NULL, W + NULL FROM Kinds",
+       R"(SELECT NULL, NULL, NULL, NULL, rowid FROM "Kinds")"},
+      {"SELECT T \\ NULL, T MOD NULL, T ^ NULL, (T / NULL) * 2 FROM Kinds",
+       R"(SELECT NULL, NULL, NULL, NULL, rowid FROM "Kinds")"},
+      // Joining takes it for an empty text, and the three truth values have rules of their own.
+      {"SELECT T & NULL FROM Kinds", R"(SELECT coalesce("T", '') || coalesce(NULL, ''), rowid FROM "Kinds")"},
+      {"SELECT I FROM Kinds WHERE B OR NULL", R"(SELECT "I", rowid FROM "Kinds" WHERE "B" OR NULL)"},
   };
   expectAll(rows);
 }
@@ -158,6 +190,12 @@ TEST(AcceptedDialect, NestsQueries) {
        R"(SELECT count("J") FROM (SELECT DISTINCT "D113210"."NPWP" AS "J" FROM "D113210" WHERE )"
        R"("D113210"."MS_PAJAK" = ? AND "D113210"."JENIS" = ?) AS "tv_1" 0 1)"},
       {"SELECT q.ID FROM (SELECT ID FROM BURSA) AS q", R"(SELECT "ID" FROM (SELECT "BURSA"."ID" FROM "BURSA") AS "q")"},
+      // The old form, in brackets.
+      {"SELECT q.ID FROM [SELECT ID FROM BURSA]. AS q",
+       R"(SELECT "ID" FROM (SELECT "BURSA"."ID" FROM "BURSA") AS "q")"},
+      {"SELECT ID FROM [ select ID from BURSA where BURSA = 'a' or ID = 5]. WHERE ID = 6",
+       R"(SELECT "ID" FROM (SELECT "BURSA"."ID" FROM "BURSA" WHERE "BURSA"."BURSA" = ? OR "BURSA"."ID" = ?) )"
+       R"(AS "tv_1" WHERE "ID" = ? 0 1 2)"},
       {"SELECT ID FROM BURSA WHERE ID IN (SELECT PASAL FROM JENIS_KOMODITI WHERE NAMA_KOMODITI = BURSA)",
        R"(SELECT "ID", rowid FROM "BURSA" WHERE "ID" IN (SELECT "JENIS_KOMODITI"."PASAL" FROM "JENIS_KOMODITI" WHERE )"
        R"("JENIS_KOMODITI"."NAMA_KOMODITI" = "BURSA"."BURSA"))"},
@@ -214,12 +252,12 @@ TEST(AcceptedDialect, ChangesTables) {
       {"DELETE FROM BURSA WHERE ID = 5 ;", R"(DELETE FROM "BURSA" WHERE "ID" = ? 0)"},
       {"DELETE b.* FROM BURSA AS b WHERE b.ID = 5", R"(DELETE FROM "BURSA" AS "b" WHERE "ID" = ? 0)"},
       {" UPDATE BURSA SET BURSA='a', ID = ID + 1 WHERE   ID = 5 ;",
-       R"(UPDATE "BURSA" SET "BURSA" = ?, "ID" = tv_clng("ID" + ?) WHERE "ID" = ? 0 1 2)"},
+       R"(UPDATE "BURSA" SET "BURSA" = ?, "ID" = tv_integer("ID" + ?) WHERE "ID" = ? 0 1 2)"},
       {"UPDATE Kinds SET D = D * 2, T = T & 'x', I = T, T = D, N = NULL",
-       R"(UPDATE "Kinds" SET "D" = "D" * ?, "T" = coalesce("T", '') || ?, "I" = tv_clng("T"), "T" = tv_cstr("D"), )"
+       R"(UPDATE "Kinds" SET "D" = "D" * ?, "T" = coalesce("T", '') || ?, "I" = tv_integer("T"), "T" = tv_cstr("D"), )"
        R"("N" = NULL 0 1)"},
       {"INSERT INTO BURSA VALUES ('a' , 5)", R"(INSERT INTO "BURSA" ("BURSA", "ID") VALUES (?, ?) 0 1)"},
-      {"INSERT INTO BURSA(id)VALUES(-5);", R"(INSERT INTO "BURSA" ("ID") VALUES (-?) 0)"},
+      {"INSERT INTO BURSA(id)VALUES(-5);", R"(INSERT INTO "BURSA" ("ID") VALUES (?) 0)"},
       {"INSERT INTO BURSA (ID, BURSA) SELECT PASAL, NAMA_KOMODITI FROM JENIS_KOMODITI WHERE PASAL = 22",
        R"(INSERT INTO "BURSA" ("ID", "BURSA") SELECT "PASAL", "NAMA_KOMODITI" FROM "JENIS_KOMODITI" WHERE )"
        R"("PASAL" = ? 0)"},
@@ -248,6 +286,15 @@ TEST(AcceptedDialect, ConvertsWhatIsAssigned) {
   for (std::size_t place = 0; place < std::size(fromTexts); ++place) {
     EXPECT_EQ(result.parts[0].parameters[place].conversion, fromTexts[place]);
     EXPECT_EQ(numbers.parts[0].parameters[place].conversion, fromNumbers[place]);
+  }
+  // The width of the column, for each kind of literal and for a number below zero.
+  const Compiled longs = compiled("UPDATE Kinds SET N = '5', N = 5, N = -5, N = #1/1/2009#");
+  const Conversion toLong[] = {TextToLong, NumberToLong, NegatedToLong, DateToLong};
+  const Compiled integers = compiled("UPDATE Kinds SET I = '5', I = 5, I = -5, I = #1/1/2009#");
+  const Conversion toInteger[] = {TextToInteger, NumberToInteger, NegatedToInteger, DateToInteger};
+  for (std::size_t place = 0; place < std::size(toLong); ++place) {
+    EXPECT_EQ(longs.parts[0].parameters[place].conversion, toLong[place]);
+    EXPECT_EQ(integers.parts[0].parameters[place].conversion, toInteger[place]);
   }
   const Compiled day = compiled("INSERT INTO Kinds (W) VALUES (DateValue('31/12/2009 10:00'))");
   EXPECT_EQ(day.parts[0].parameters[0].conversion, TextToDay);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tarvola/runtime/regional_settings.h"
 #include "tests/runtime/failures.h"
 
@@ -41,6 +43,15 @@ TEST(Literals, BecomeWhatTheirPlaceAsksFor) {
       {Text, "3,5", Conversion::TextToInteger, 4},
       {Text, "-2,5", Conversion::TextToInteger, -2},
       {Number, "2.5", Conversion::NumberToInteger, 2},
+      {Number, "32767.4", Conversion::NumberToInteger, 32767},
+      {Number, "32768", Conversion::NegatedToInteger, -32768},
+      {Number, "2.5", Conversion::NegatedToInteger, -2},
+      {Text, "-32768", Conversion::TextToInteger, -32768},
+      {Number, "2147483647", Conversion::NumberToLong, 2147483647},
+      {Number, "2147483648", Conversion::NegatedToLong, std::numeric_limits<std::int32_t>::min()},
+      {Text, "32768", Conversion::TextToLong, 32768},
+      {Date, "1989-09-16", Conversion::DateToInteger, 32767},
+      {Date, "1989-09-17 18:00:00", Conversion::DateToLong, 32769},
       {Number, "0118", Conversion::NumberToText, "118"},
       {Number, "1.5", Conversion::NumberToText, "1,5"},
       {Text, "31/12/2009", Conversion::TextToDate, moment(2009, 12, 31)},
@@ -87,7 +98,16 @@ TEST(Literals, FailWhereTheyCannotBeRead) {
   for (const std::string_view period : {"", "1", "2009", "1/2009", "132009", "002009", "0120090", " 12009"})
     EXPECT_EQ(failure(Text, period, Conversion::MonthOfPeriod), mismatch) << period;
   EXPECT_EQ(failure(Number, "1E999", Conversion::Number), overflow);
-  EXPECT_EQ(failure(Number, "99999999999", Conversion::NumberToInteger), overflow);
+  EXPECT_EQ(failure(Number, "99999999999", Conversion::NumberToLong), overflow);
+  EXPECT_EQ(failure(Number, "2147483647.5", Conversion::NumberToLong), overflow);
+  EXPECT_EQ(failure(Number, "2147483649", Conversion::NegatedToLong), overflow);
+  EXPECT_EQ(failure(Text, "2147483648", Conversion::TextToLong), overflow);
+  EXPECT_EQ(failure(Number, "32768", Conversion::NumberToInteger), overflow);
+  EXPECT_EQ(failure(Number, "32767.5", Conversion::NumberToInteger), overflow);
+  EXPECT_EQ(failure(Number, "32769", Conversion::NegatedToInteger), overflow);
+  EXPECT_EQ(failure(Text, "32768", Conversion::TextToInteger), overflow);
+  EXPECT_EQ(failure(Text, "-32769", Conversion::TextToInteger), overflow);
+  EXPECT_EQ(failure(Date, "1989-09-17", Conversion::DateToInteger), overflow);
   EXPECT_EQ(failure(Number, "9999999", Conversion::NumberToDate), overflow);
   EXPECT_EQ(descriptionOf([&] { converted(Date, "31/31/2009", Conversion::Date); }),
             "[Microsoft][ODBC Microsoft Access Driver] Syntax error in date in query expression '#31/31/2009#'.");

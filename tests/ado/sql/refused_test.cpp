@@ -76,6 +76,10 @@ TEST(RefusedDialect, SaysWhichPartOfTheStatementCannotBeRead) {
       {"UPDATE BURSA SET ID =", syntax, "Syntax error in UPDATE statement."},
       {"DELETE BURSA", syntax, "Syntax error in DELETE statement."},
       {"DELETE * FROM", syntax, "Syntax error in FROM clause."},
+      {"SELECT * FROM [SELECT ID FROM BURSA). AS q", syntax, "Syntax error in FROM clause."},
+      {"SELECT * FROM (SELECT ID FROM BURSA]. AS q", syntax,
+       "Missing ), ], or Item in query expression 'SELECT ID FROM BURSA]. AS q'."},
+      {"SELECT * FROM BURSA]", syntax, "Syntax error in FROM clause."},
       {"SELECT * FROM BURSA; x", syntax, "Characters found after end of SQL statement."},
       {"SELECT * FROM BURSA;;", syntax, "Characters found after end of SQL statement."},
   };
@@ -130,6 +134,18 @@ TEST(RefusedDialect, CountsEachUnknownNameOnceAsAParameter) {
       {"DELETE * FROM DAT_FORM WHERE ((NmForm=F113204) AND (MsPjk=1) AND (ThPjk=2009) AND (CorrSEQ=0) )", tooFew,
        "Too few parameters. Expected 1."},
       {"SELECT * FROM BURSA WHERE ID = 'x' OR Nama = 'x'", tooFew, "Too few parameters. Expected 1."},
+  };
+  for (const RefusedRow& row : rows) refuse(row);
+}
+
+// Only a point with no name behind it makes a query of what stands in brackets.
+TEST(RefusedDialect, TakesBracketsAroundAWordForAName) {
+  constexpr RefusedRow rows[] = {
+      {"SELECT [Select a] FROM BURSA", tooFew, "Too few parameters. Expected 1."},
+      {"SELECT [Select a].[b], [Select a].c FROM BURSA", tooFew, "Too few parameters. Expected 2."},
+      {"SELECT * FROM [SELECT ID FROM BURSA] AS q", noTable,
+       "The Microsoft Jet database engine cannot find the input table or query 'SELECT ID FROM BURSA'.  Make sure it "
+       "exists and that its name is spelled correctly."},
   };
   for (const RefusedRow& row : rows) refuse(row);
 }
@@ -209,6 +225,10 @@ TEST(RefusedDialect, ComparesValuesAndFieldsOfAnInsert) {
        "The INSERT INTO statement contains the following unknown field name: 'Nama'.  Make sure you have "
        "typed the name correctly, and try the operation again."},
       {"INSERT INTO BURSA (BURSA, bursa) VALUES ('x', 1)", syntax, "Duplicate output destination 'bursa'."},
+      // A star fills the columns of its names.
+      {"INSERT INTO BURSA SELECT * FROM SETTING_TARIF_PPH", syntax,
+       "The INSERT INTO statement contains the following unknown field name: 'PASAL'.  Make sure you have "
+       "typed the name correctly, and try the operation again."},
   };
   for (const RefusedRow& row : rows) refuse(row);
 }

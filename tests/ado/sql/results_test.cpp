@@ -4,6 +4,7 @@
 
 #include "tarvola/runtime/clock.h"
 #include "tests/ado/sql/memory_store.h"
+#include "tests/runtime/failures.h"
 
 namespace tarvola::ado::sql {
 namespace {
@@ -57,6 +58,31 @@ TEST_F(DialectResults, PassOverNullsInComparisons) {
   EXPECT_EQ(store.run("SELECT COUNT(*), COUNT(ID), SUM(ID), MAX(BURSA), AVG(ID) FROM BURSA"), (Rows{"3|2|3|b|1.5"}));
   EXPECT_EQ(store.run("SELECT COUNT(*), SUM(ID) FROM BURSA WHERE ID > 5"), (Rows{"0|Null"}));
   EXPECT_EQ(store.run("SELECT MAX(ID) FROM BURSA WHERE ID > 5 GROUP BY BURSA"), Rows{});
+}
+
+TEST_F(DialectResults, AreNullWhereANullIsComputedWith) {
+  addBursa({"'a', 1", "Null, Null"});
+  EXPECT_EQ(store.run("SELECT BURSA + Null, Null + BURSA, ID + Null, BURSA - Null, BURSA * Null FROM BURSA"),
+            (Rows{"Null|Null|Null|Null|Null", "Null|Null|Null|Null|Null"}));
+  EXPECT_EQ(store.run("SELECT BURSA & Null, Null & ID, Null & Null FROM BURSA"), (Rows{"a|1|", "||"}));
+  EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE BURSA + Null = 'a' OR (BURSA + Null) IS NULL"), (Rows{"1", "Null"}));
+  store.run("UPDATE BURSA SET BURSA = BURSA + Null, ID = ID + Null");
+  EXPECT_EQ(store.run("SELECT BURSA, ID FROM BURSA"), (Rows{"Null|Null", "Null|Null"}));
+}
+
+TEST_F(DialectResults, ReadNoTextAsANumberBesideANull) {
+  addBursa({"'abc', Null", "'2,5', 4"});
+  EXPECT_EQ(store.run("SELECT BURSA + ID, ID * BURSA, BURSA - 1 - ID FROM BURSA"),
+            (Rows{"Null|Null|Null", "6.5|10.0|-2.5"}));
+  store.run("UPDATE BURSA SET ID = 4");
+  EXPECT_EQ(failureOf([&] { store.run("SELECT BURSA + ID FROM BURSA"); }), -2147217913);
+}
+
+TEST_F(DialectResults, FailForACountOrPlaceThatATextCannotHave) {
+  for (const char* expression :
+       {"Left('abc', -1)", "Right('abc', -1)", "Mid('abc', 0)", "Mid('abc', 1, -1)", "Chr(-1)", "Chr(256)", "Asc('')",
+        "Space(-1)", "String(-1, 'x')", "String(1, '')", "InStr(0, 'a', 'b')"})
+    EXPECT_EQ(failureOf([&] { store.run("SELECT " + std::string(expression)); }), 5) << expression;
 }
 
 TEST_F(DialectResults, TakeATextInPlaceOfAConditionForTrue) {
@@ -115,6 +141,11 @@ TEST_F(DialectResults, ComputeAsThePlatformDoes) {
       {"Trim(T)", "aBc"},
       {"UCase(T) & LCase(T)", " ABC  abc "},
       {"Left(T, 2) & '-' & Right(T, 2) & '-' & Right(T, 9) & '-' & Mid(T, 2, 2)", " a-c - aBc -aB"},
+      {"Left(T, 1.5) & '|' & Right(T, 0) & '|' & Mid(T, 9) & '|' & Left(T, 0)", " a|||"},
+      {"Chr(65) & Chr(128) & Chr(233)", "A€é"},
+      {"Asc('é') & ' ' & Asc('€uro')", "233 128"},
+      {"Format(5) & Format(N) & Format(N, '0') & Format(W)", "531/01/2009 13:45:00"},
+      {"I + '5'", "12.0"},
       {"Len(T)", "5"},
       {"InStr(T, 'b')", "3"},
       {"InStr(4, T, 'a')", "0"},
@@ -140,11 +171,72 @@ TEST_F(DialectResults, ComputeAsThePlatformDoes) {
       {"IIf(I > 100, 1, 2)", "2"},
       {"IsNull(N)", "-1"},
       {"IsNumeric('1,5')", "-1"},
+      {"IsNumeric('1,5') = True", "-1"},
+      {"IsNumeric('x')", "0"},
+      {"IsNumeric(N)", "0"},
+      {"IsDate('31/12/2009')", "-1"},
+      {"IsDate('31/02/2009')", "0"},
+      {"IsDate(W)", "-1"},
+      {"IsDate(5)", "0"},
+      {"IsDate(N)", "0"},
+      {"CBool('True')", "-1"},
+      {"CBool(0)", "0"},
+      {"CBool(I) = True", "-1"},
+      {"CByte(254.5)", "254"},
+      {"'[' & Space(3) & ']'", "[   ]"},
+      {"String(3, 'xy') & String(0, 'x')", "xxx"},
+      {"String(2, 'é')", "éé"},
+      {"Hour(W) * 10000 + Minute(W) * 100 + Second(W)", "134500"},
+      // 31 January 2009 was a Saturday.
+      {"Weekday(W)", "7"},
+      {"DateAdd('m', 1, W)", "2009-02-28 13:45:00"},
+      {"DateDiff('d', #12/31/2008#, W)", "31"},
+      {"DatePart('ww', W)", "5"},
       {"'it''s'", "it's"},
       {"(SELECT MAX(I) FROM Kinds)", "7"},
   };
   for (const auto& [expression, value] : rows)
     EXPECT_EQ(store.run("SELECT " + std::string(expression) + " FROM Kinds"), (Rows{value})) << expression;
+}
+
+TEST_F(DialectResults, GiveTheFirstAndTheLastRowOfAGroup) {
+  addBursa({"'b', 3", "'a', 1", "'b', 2", "'a', Null"});
+  EXPECT_EQ(store.run("SELECT First(ID), Last(ID), First(BURSA), Last(BURSA) FROM BURSA"), (Rows{"3|Null|b|a"}));
+  EXPECT_EQ(store.run("SELECT BURSA, First(ID), Last(ID) FROM BURSA GROUP BY BURSA"), (Rows{"a|1|Null", "b|3|2"}));
+  EXPECT_EQ(store.run("SELECT First(ID) + 1 FROM BURSA WHERE BURSA = 'b'"), (Rows{"4"}));
+  EXPECT_EQ(store.run("SELECT First(ID), Last(BURSA) FROM BURSA WHERE ID > 5"), (Rows{"Null|Null"}));
+  EXPECT_EQ(store.run("SELECT Last(ID) FROM BURSA WHERE ID > 5 GROUP BY BURSA"), Rows{});
+}
+
+TEST_F(DialectResults, TakeOneRowAtMostOfAQueryThatStandsForAValue) {
+  addBursa({"'a', 1", "'b', 2", "'c', 2"});
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT ID FROM BURSA WHERE BURSA = 'A')"), (Rows{"a"}));
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT ID FROM BURSA WHERE BURSA = 'x')"), Rows{});
+  EXPECT_EQ(store.run("SELECT (SELECT b.BURSA FROM BURSA AS b WHERE b.ID = a.ID) FROM BURSA AS a WHERE ID = 1"),
+            (Rows{"a"}));
+  EXPECT_EQ(store.run("SELECT ID FROM BURSA WHERE 'A' = (SELECT BURSA FROM BURSA WHERE ID = 1)"),
+            (Rows{"1", "2", "2"}));
+  EXPECT_EQ(store.run("SELECT BURSA FROM BURSA WHERE ID = (SELECT DISTINCT ID FROM BURSA WHERE ID = 2)"),
+            (Rows{"b", "c"}));
+  for (const char* several : {"SELECT ID FROM BURSA WHERE BURSA = (SELECT BURSA FROM BURSA WHERE ID = 2)",
+                              "SELECT (SELECT b.BURSA FROM BURSA AS b WHERE b.ID = a.ID) FROM BURSA AS a",
+                              "SELECT (SELECT COUNT(*) FROM BURSA GROUP BY BURSA) FROM BURSA",
+                              "UPDATE BURSA SET ID = (SELECT ID FROM BURSA)"}) {
+    EXPECT_EQ(descriptionOf([&] { store.run(several); }),
+              "[Microsoft][ODBC Microsoft Access Driver] At most one record can be returned by this subquery.")
+        << several;
+  }
+}
+
+TEST_F(DialectResults, InsertWhatAStarStandsForByName) {
+  store.run("INSERT INTO DS_FORM_LAMPIRAN VALUES ('D113206', 1, 2009, 0, 1, 2, 'n', 'text')");
+  store.run("INSERT INTO DS_FORM_INDUK (KD_FORM) VALUES ('before')");
+  const std::string columns = "SELECT NOBUKTI, KD_FORM, TH_PAJAK FROM DS_FORM_LAMPIRAN";
+  store.run("INSERT INTO DS_FORM_INDUK SELECT * FROM (" + columns + ")");
+  EXPECT_EQ(store.run("SELECT KD_FORM, TH_PAJAK, NOBUKTI, NPWP FROM DS_FORM_INDUK"),
+            (Rows{"before|Null|Null|Null", "D113206|2009|n|Null"}));
+  store.run("INSERT INTO DS_FORM_LAMPIRAN SELECT * FROM DS_FORM_LAMPIRAN");
+  EXPECT_EQ(store.run("SELECT KD_FORM, DAT_FORM FROM DS_FORM_LAMPIRAN"), (Rows{"D113206|text", "D113206|text"}));
 }
 
 TEST_F(DialectResults, TakeTodayFromTheClock) {
@@ -236,6 +328,7 @@ TEST_F(DialectResults, StandEveryDepthThatTheDialectAccepts) {
       {"IIf(ID = 1, 2, ", "ID", ")"},
       {"(ID = 1) - (", "ID", ")"},
       {"(SELECT MAX(ID) FROM BURSA WHERE ID = ", "1", ")"},
+      {"(SELECT ID FROM BURSA WHERE ID = ", "1", ")"},
   };
   for (const NestingRow& row : rows) {
     std::string expression(row.inside);

@@ -41,6 +41,8 @@ TEST(Shape, TakesEachLiteralOutOfTheStatement) {
       {"d=#03/04/2026#", "d=D:03/04/2026"},
       {"a='É'", "a=U:É"},
       {"(1,'a',#b#)", "(N,T,D):1:a:b"},
+      {"FROM [SELECT 'a' , 5]. AS q", "FROM [SELECT T , N]. AS q:a:5"},
+      {"FROM [SELECT 'a' , 5] AS q", "FROM [SELECT 'a' , 5] AS q"},
   };
   for (const ShapeRow& row : rows) EXPECT_EQ(shapeOf(row.statement), row.shape);
 }
@@ -101,8 +103,9 @@ TEST(Shape, FailsForAnOpenTextOrDateAsTheGrammarDoes) {
 // Shape and grammar must see the same literals, or a value would be bound in the place of another.
 TEST(Shape, SeesTheLiteralsThatTheGrammarSees) {
   std::mt19937 random(20090131);
-  constexpr std::string_view pieces[] = {"a", "1",  ".",  "'x'", "#d#", " ",  "E",  "-", "[b 1]", "\"c'\"", "_",
-                                         "é", "''", "e5", "..",  "(",   "1.", "4A", "`", "[",     "\x01",   ","};
+  constexpr std::string_view pieces[] = {"a",      "1", ".",    "'x'", "#d#", " ",        "E", "-",  "[b 1]",
+                                         "\"c'\"", "_", "é",    "''",  "e5",  "..",       "(", "1.", "4A",
+                                         "`",      "[", "\x01", ",",   "]",   "[SELECT ", "]."};
   for (int round = 0; round < 20'000; ++round) {
     std::string statement;
     for (int count = 0; count < 12; ++count) statement += pieces[random() % std::size(pieces)];

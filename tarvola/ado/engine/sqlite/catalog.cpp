@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 #include "tarvola/runtime/error_texts.h"
 #include "tarvola/runtime/errors.h"
@@ -52,6 +53,15 @@ ColumnType declaredType(std::string_view declaration) noexcept {
   return found == declaredWords.end() ? ColumnType::Any : found->type;
 }
 
+std::size_t declaredLength(std::string_view declaration) noexcept {
+  const std::size_t open = declaration.find('(');
+  if (open == std::string_view::npos || declaredType(declaration) != ColumnType::Text) return 0;
+  const std::string_view digits = declaration.substr(open + 1);
+  std::size_t length = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), length);
+  return length;
+}
+
 const sql::Table* Catalog::find(std::string_view name) const {
   if (!loaded_) load();
   const auto found = tables_.find(foldCase(name));
@@ -74,8 +84,10 @@ void Catalog::load() const {
     const std::string_view name = textOf(statement.get(), 0);
     sql::Table& table = tables_[foldCase(name)];
     table.name = name;
-    table.columns.push_back(
-        {.name = std::string(textOf(statement.get(), 1)), .type = declaredType(textOf(statement.get(), 2))});
+    const std::string_view declaration = textOf(statement.get(), 2);
+    table.columns.push_back({.name = std::string(textOf(statement.get(), 1)),
+                             .type = declaredType(declaration),
+                             .length = declaredLength(declaration)});
   }
   if (code != SQLITE_DONE) handle_.fail(code);
   loaded_ = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@ namespace tarvola::ado::engine::sqlite {
 /// The type of a column by the words of its declaration: "SMALLINT" is an Integer, "VARCHAR(20)" a Text. Words that
 /// are not known, and none at all, give Any.
 ColumnType declaredType(std::string_view declaration) noexcept;
+/// Most characters of a text by its declaration: 20 for "VARCHAR(20)". 0 where it names no bound or is no text.
+std::size_t declaredLength(std::string_view declaration) noexcept;
 
 /// The tables of one file, read when first asked for.
 class Catalog final : public sql::Catalog {

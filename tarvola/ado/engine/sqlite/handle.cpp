@@ -29,6 +29,7 @@ Handle::Handle(std::string path, std::string_view openName, int flags)
   sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   registerFunctions(*this);
+  registerAggregates(*this);
 }
 
 // Another writer holds the file for some microseconds, so the first waits are short.
