@@ -1,13 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
-#include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_descriptions.h"
 #include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_operations.h"
 
 namespace tarvola {
 
@@ -20,18 +16,10 @@ class CF113309 final : public slips::SlipFrame {
  public:
   CF113309() : SlipFrame(slips::lotteryPrizes) {}
 
-  /// Inserts a stub row with the eight leading fields; a row that exists already is left as it is, with no message.
-  void pCreateF113309Hdr(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                         std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                         std::string_view sJnsPjk, std::string_view sNmWP, std::string_view sAlamat,
-                         std::string_view dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113309(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list row, and its share in list and return.
-  void pDeleteF113309(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
+  /// The stub holds its eight leading fields, its own number among them.
+  slips::CreateOperation pCreateF113309Hdr{*this};
+  slips::LoadOperation pGetF113309{*this};
+  slips::DeleteOperation pDeleteF113309{*this};
 
   // Kinds of prize, rows 1 to 6.
   void aB12(const Variant& value) { put("B12", value); }
@@ -64,9 +52,6 @@ class CF113309 final : public slips::SlipFrame {
   void aB45(double value) { put("B45", value); }
   void aB55(double value) { put("B55", value); }
   void aB65(double value) { put("B65", value); }
-
- private:
-  std::string stubText(const NewSlip& slip) const override;
 };
 
 }  // namespace tarvola

@@ -30,7 +30,8 @@ constexpr std::size_t giroRow = 6;
 constexpr std::string_view domesticSide = "DN";
 constexpr std::string_view foreignSide = "LN";
 
-/// Places in the form's lines of the return, and the line that has a text and no default tariff.
+/// Places in the form's lines of the return, and in its total columns alike; the line that has a text and no default
+/// tariff.
 constexpr std::size_t domesticLine = 0;
 constexpr std::size_t foreignLine = 1;
 constexpr std::size_t sbiLine = 2;
@@ -62,54 +63,50 @@ std::string CF113310::stubText(const NewSlip& slip) const {
   constexpr std::int16_t domestic = 1;
   constexpr std::int16_t onNoSide = 2;
   if (slip.option != domestic && slip.option != onNoSide) return {};
-  store::PackedRow packed = stubStart(slip).text("NoBukti", slip.key.noBukti);
+  store::PackedRow packed(SlipFrame::stubText(slip));
   for (std::size_t row = 0; row < depositCount; ++row) packed.whole(slip.option == domestic ? 1 : 0).whole(0);
   return packed.str();
 }
 
-void CF113310::pGetF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
-                           Date /*dTgl_Setor*/) {
-  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
-void CF113310::pDeleteF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
-                              std::string_view sNoBukti, std::string_view sJnsPjk) {
-  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
 // --- totals ------------------------------------------------------------------------------------------------
 
+/// Whether a row belongs to a side. An option that is Null marks nothing.
+bool CF113310::isMarked(std::string_view option) const { return store::fieldNumberOr(namedFields(), option, 0) == 1; }
+
+/// A slip with a Null among its grosses has no totals, also if the row is on no side: a stub that is deleted so leaves
+/// the return alone, which never counted it.
 void CF113310::pHitTotalF113310() {
-  Sides sides;
-  for (std::size_t index = 0; index < depositCount; ++index) {
-    const slips::AmountRow& row = description().rows[index];
-    const auto addTo = [&](Amounts& side) {
-      side.grossRupiah += store::fieldNumber(namedFields(), row.gross);
-      side.taxRupiah += store::fieldNumber(namedFields(), row.tax);
-    };
-    if (store::fieldInteger(namedFields(), depositOptions[index].domestic) == 1) addTo(sides.domestic);
-    if (store::fieldInteger(namedFields(), depositOptions[index].foreign) == 1) addTo(sides.foreign);
-  }
-  sides_ = sides;
+  totals_ = totalsOf([this](std::size_t row) {
+    return Amounts{.grossRupiah = sumOfGross({.first = row, .count = 1}),
+                   .taxRupiah = sumOfTax({.first = row, .count = 1})};
+  });
+  totals_.slipGrossRupiah = sumOfGross({.count = description().rows.size()});
 }
 
 void CF113310::rememberOldValues() {
   SlipFrame::rememberOldValues();
-  oldSides_ = {};
-  oldSlipGross_ = 0;
-  for (const OldRow& row : oldValues().rows) oldSlipGross_ += row.grossRupiah;
-  for (std::size_t index = 0; index < depositCount; ++index) {
-    const OldRow& row = oldValues().rows[index];
-    const auto addTo = [&](Amounts& side) {
-      side.grossRupiah += row.grossRupiah;
-      side.taxRupiah += row.taxRupiah;
-    };
-    if (store::fieldNumberOr(namedFields(), depositOptions[index].domestic, 0) == 1) addTo(oldSides_.domestic);
-    if (store::fieldNumberOr(namedFields(), depositOptions[index].foreign, 0) == 1) addTo(oldSides_.foreign);
+  oldTotals_ = totalsOf([this](std::size_t row) {
+    const OldRow& old = oldValues().rows[row];
+    return Amounts{.grossRupiah = old.grossRupiah, .taxRupiah = old.taxRupiah};
+  });
+  for (const OldRow& row : oldValues().rows) oldTotals_.slipGrossRupiah += row.grossRupiah;
+}
+
+/// The kinds alone. The tax of a deposit on no side is not looked at.
+template <class AmountsOf>
+CF113310::Totals CF113310::totalsOf(const AmountsOf& amountsOf) const {
+  Totals totals;
+  const auto add = [&](std::size_t kind, std::size_t row) {
+    const Amounts amounts = amountsOf(row);
+    totals.kinds[kind].grossRupiah += amounts.grossRupiah;
+    totals.kinds[kind].taxRupiah += amounts.taxRupiah;
+  };
+  for (std::size_t deposit = 0; deposit < depositCount; ++deposit) {
+    if (isMarked(depositOptions[deposit].domestic)) add(domesticLine, deposit);
+    if (isMarked(depositOptions[deposit].foreign)) add(foreignLine, deposit);
   }
+  for (std::size_t row = depositCount; row < description().rows.size(); ++row) add(row - depositCount + sbiLine, row);
+  return totals;
 }
 
 /// A row whose options were never set counts as domestic.
@@ -125,17 +122,15 @@ void CF113310::normalise(std::int16_t /*nrec*/) {
 }
 
 void CF113310::writeTotals(const RecordsetPtr& storeRow) {
-  SlipFrame::writeTotals(storeRow);
-  const std::array<Amounts, 2> bySide = {sides_.domestic, sides_.foreign};
-  for (std::size_t index = 0; index < bySide.size(); ++index) {
-    store::setField(storeRow, description().totals[index].gross, bySide[index].grossRupiah);
-    store::setField(storeRow, description().totals[index].tax, bySide[index].taxRupiah);
+  for (std::size_t kind = 0; kind < totals_.kinds.size(); ++kind) {
+    store::setField(storeRow, description().totals[kind].gross, totals_.kinds[kind].grossRupiah);
+    store::setField(storeRow, description().totals[kind].tax, totals_.kinds[kind].taxRupiah);
   }
 }
 
 CF113310::ListAmounts CF113310::listAmounts() const {
   ListAmounts amounts = SlipFrame::listAmounts();
-  amounts.grossChangeRupiah = amounts.grossRupiah - oldSlipGross_;
+  amounts.grossChangeRupiah = amounts.grossRupiah - oldTotals_.slipGrossRupiah;
   return amounts;
 }
 
@@ -144,11 +139,11 @@ CF113310::ListAmounts CF113310::listAmounts() const {
 void CF113310::moveReturnLines(CF113204& mainReturn) {
   const auto lines = description().returnLines;
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
-  moveSide(returnRow, lines[domesticLine], sides_.domestic, oldSides_.domestic);
-  moveSide(returnRow, lines[foreignLine], sides_.foreign, oldSides_.foreign);
+  for (const std::size_t side : {domesticLine, foreignLine})
+    moveSide(returnRow, lines[side], totals_.kinds[side], oldTotals_.kinds[side]);
   setReturnTariff(mainReturn, lines[domesticLine]);
   setReturnTariff(mainReturn, lines[foreignLine]);
-  if (status().onlyRemoves()) takeFromReturn(mainReturn);
+  if (status().remove) takeFromReturn(mainReturn);
   if (status().addsOrEdits()) addToReturn(mainReturn);
   setReturnTariff(mainReturn, lines[sbiLine]);
   setReturnTariff(mainReturn, lines[giroLine]);
@@ -159,10 +154,9 @@ void CF113310::moveSide(const RecordsetPtr& returnRow, const ReturnLine& line, c
                         const Amounts& old) const {
   const bool adds = status().addsOrEdits();
   if (!adds && !status().remove) return;
-  const double gross = adds ? now.grossRupiah - old.grossRupiah : -old.grossRupiah;
-  const double tax = adds ? now.taxRupiah - old.taxRupiah : -old.taxRupiah;
-  store::setField(returnRow, line.gross, store::fieldNumber(returnRow, line.gross) + gross);
-  store::setField(returnRow, line.tax, store::fieldNumber(returnRow, line.tax) + tax);
+  addToLine(returnRow, line,
+            {.grossRupiah = adds ? now.grossRupiah - old.grossRupiah : -old.grossRupiah,
+             .taxRupiah = adds ? now.taxRupiah - old.taxRupiah : -old.taxRupiah});
   if (adds) return;
   floorAtZero(returnRow, line.gross);
   floorAtZero(returnRow, line.tax);
@@ -170,14 +164,18 @@ void CF113310::moveSide(const RecordsetPtr& returnRow, const ReturnLine& line, c
 
 /// The text line keeps its text only while it stands for several slips and still holds something: with "Deposito" in
 /// it, deleting any interest slip empties the text, whatever is left in the amounts.
+///
+/// It looks at nothing but the mark of deletion: a slip that is saved as edited and deleted at once is taken from SBI,
+/// giro and other interest with its old amounts and then added with the difference, while its sides only move by the
+/// difference.
 void CF113310::takeFromReturn(CF113204& mainReturn) const {
   const auto lines = description().returnLines;
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
-  moveReturnLine(returnRow, lines[sbiLine]);
-  moveReturnLine(returnRow, lines[giroLine]);
+  takeFromLine(returnRow, lines[sbiLine]);
+  takeFromLine(returnRow, lines[giroLine]);
   const std::string words = store::fieldTextOr(returnRow, otherText, "");
   const bool standsForSeveral = InStrText(Trim(words), severalKinds) >= 1;
-  moveReturnLine(returnRow, otherLine);
+  takeFromLine(returnRow, otherLine);
   if (!standsForSeveral || store::fieldNumber(returnRow, otherLine.gross) == 0)
     store::setField(returnRow, otherText, "");
   setOtherTariff(mainReturn);
@@ -216,11 +214,15 @@ void CF113310::pInsert_D113210() {
   guarded([&] {
     const lists::InterestSlip slip = interestSlip();
     lists::removeInterestLines(storeObject(), slip);
-    const std::string dateOfSlip = store::fieldText(namedFields(), "Tgl_Potong");
-    const auto rows = description().rows;
-    for (const lists::InterestLine& line : {depositLine(domesticSide), depositLine(foreignSide),
-                                            lineOf("SBI", rows[sbiRow]), lineOf("GIRO", rows[giroRow])})
+    const auto insert = [&, dateOfSlip = spliced("Tgl_Potong")](const lists::InterestLine& line) {
       lists::insertInterestLine(storeObject(), slip, dateOfSlip, line);
+    };
+    const lists::InterestLine domestic = depositLine(domesticSide);
+    const lists::InterestLine foreign = depositLine(foreignSide);
+    insert(domestic);
+    insert(foreign);
+    insert(lineOf("SBI", description().rows[sbiRow]));
+    insert(lineOf("GIRO", description().rows[giroRow]));
     pUpdHdrD113210();
   });
 }
@@ -232,47 +234,50 @@ void CF113310::pDelD113210() {
   });
 }
 
+/// A field as a statement takes it: a Null, such as an address that nobody wrote, enters it as an empty text.
+std::string CF113310::spliced(std::string_view name) const { return store::fieldTextOr(namedFields(), name, ""); }
+
 lists::InterestSlip CF113310::interestSlip() const {
-  return {.payeeNpwp = store::fieldText(namedFields(), "NPWPLT"),
-          .payeeName = store::fieldText(namedFields(), "NMWPLT"),
-          .payeeAddress = store::fieldText(namedFields(), "ALMLT"),
+  return {.payeeNpwp = spliced("NPWPLT"),
+          .payeeName = spliced("NMWPLT"),
+          .payeeAddress = spliced("ALMLT"),
           .period = formPeriod(),
-          .noBukti = store::fieldText(namedFields(), "NoBukti")};
+          .noBukti = spliced("NoBukti")};
 }
 
-/// The deposits of a side. One that is marked on both sides is domestic here, though it counts twice in the totals.
+/// The deposits of a side. One that is marked on both sides is domestic here, though it counts twice in the totals; one
+/// whose gross is 0 or Null is none.
 lists::InterestLine CF113310::depositLine(std::string_view side) const {
   const RecordsetPtr& form = namedFields();
   lists::DepositSum sum(side);
   for (std::size_t index = 0; index < depositCount; ++index) {
     const slips::AmountRow& row = description().rows[index];
-    const double gross = store::fieldNumber(form, row.gross);
+    const double gross = store::fieldNumberOr(form, row.gross, 0);
     if (gross == 0) continue;
-    const bool isDomestic = store::fieldInteger(form, depositOptions[index].domestic) == 1;
-    const bool isForeign = !isDomestic && store::fieldInteger(form, depositOptions[index].foreign) == 1;
+    const bool isDomestic = isMarked(depositOptions[index].domestic);
+    const bool isForeign = !isDomestic && isMarked(depositOptions[index].foreign);
     if (side == domesticSide ? isDomestic : isForeign)
       sum.add(gross, store::fieldNumber(form, row.tariff), store::fieldNumber(form, row.tax));
   }
   return sum.line();
 }
 
+/// SBI or giro. Without a gross nothing else is looked at.
 lists::InterestLine CF113310::lineOf(std::string_view kind, const slips::AmountRow& row) const {
   const RecordsetPtr& form = namedFields();
+  const double gross = store::fieldNumberOr(form, row.gross, 0);
+  if (gross == 0) return {};
   return {.kind = kind,
           .place = "",
-          .grossRupiah = store::fieldNumber(form, row.gross),
+          .grossRupiah = gross,
           .ratePercent = store::fieldNumber(form, row.tariff),
           .taxRupiah = store::fieldNumber(form, row.tax)};
 }
 
 /// The list counts all lines of the period; the slip's filer only says whose header is written.
 void CF113310::pUpdHdrD113210() const {
-  const RecordsetPtr& form = namedFields();
-  lists::rewriteInterestHeader(storeObject(),
-                               {.npwp = store::fieldText(form, "npwp"),
-                                .name = store::fieldText(form, "NmWP"),
-                                .address = store::fieldText(form, "ALM")},
-                               formPeriod());
+  lists::rewriteInterestHeader(
+      storeObject(), {.npwp = spliced("npwp"), .name = spliced("NmWP"), .address = spliced("ALM")}, formPeriod());
 }
 
 // --- certificates ----------------------------------------------------------------------------------------------

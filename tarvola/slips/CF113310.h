@@ -10,6 +10,7 @@
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_descriptions.h"
 #include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_operations.h"
 
 namespace tarvola {
 
@@ -32,13 +33,8 @@ class CF113310 final : public slips::SlipFrame {
                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
                          std::string_view sJnsPjk, std::string_view sNmWP, std::string_view sAlamat,
                          std::string_view dTgl_Setor, std::int16_t iOptWP);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list row, and its share in list and return.
-  void pDeleteF113310(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
+  slips::LoadOperation pGetF113310{*this};
+  slips::DeleteOperation pDeleteF113310{*this};
 
   /// Replaces the slip's lines in the table D113210 and writes the list's header anew. The slip's old lines are those
   /// of its payee (NPWP, name, address), period and number; they are gone before the new ones are worked out, so that a
@@ -129,10 +125,10 @@ class CF113310 final : public slips::SlipFrame {
   void aAssignNoSKB6(std::string_view value) { put("NoSKB6", value); }
 
  private:
-  /// What the deposits of both sides come to.
-  struct Sides {
-    Amounts domestic;
-    Amounts foreign;
+  /// What the slip comes to: the kinds in the order of the total columns, and the gross of all rows.
+  struct Totals {
+    std::array<Amounts, 5> kinds;
+    double slipGrossRupiah = 0;
   };
 
   std::string stubText(const NewSlip& slip) const override;
@@ -144,20 +140,23 @@ class CF113310 final : public slips::SlipFrame {
   void moveReturnLines(CF113204& mainReturn) override;
 
   void pHitTotalF113310();
+  template <class AmountsOf>
+  Totals totalsOf(const AmountsOf& amountsOf) const;
+  bool isMarked(std::string_view option) const;
   void moveSide(const RecordsetPtr& returnRow, const slips::ReturnLine& line, const Amounts& now,
                 const Amounts& old) const;
   void takeFromReturn(CF113204& mainReturn) const;
   void addToReturn(CF113204& mainReturn) const;
   void setOtherTariff(CF113204& mainReturn) const;
 
+  std::string spliced(std::string_view name) const;
   lists::InterestSlip interestSlip() const;
   lists::InterestLine depositLine(std::string_view side) const;
   lists::InterestLine lineOf(std::string_view kind, const slips::AmountRow& row) const;
   void pUpdHdrD113210() const;
 
-  Sides sides_;
-  Sides oldSides_;
-  double oldSlipGross_ = 0;
+  Totals totals_;
+  Totals oldTotals_;
 };
 
 }  // namespace tarvola

@@ -19,13 +19,6 @@ void CF113311::pCreateF113311Hdr(std::string_view sNPWP, std::string_view snmFor
               .dateText = CStr(dTgl_Setor)});
 }
 
-void CF113311::pGetF113311(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
-                           Date /*dTgl_Setor*/) {
-  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
 void CF113311::pDeleteF113311(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
                               std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
                               std::string_view sNoBukti, std::string_view sJnsPjk, std::string_view /*strBursa*/) {

@@ -6,9 +6,9 @@
 
 #include "tarvola/ado/recordset.h"
 #include "tarvola/runtime/date.h"
-#include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_descriptions.h"
-#include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_operations.h"
+#include "tarvola/slips/slip_parties.h"
 
 namespace tarvola {
 
@@ -17,9 +17,9 @@ namespace tarvola {
 ///
 /// The tax is gross * tariff / 100, the product first. The slip carries the name of an exchange, and its class keeps
 /// the table BURSA in which the names stand.
-class CF113311 final : public slips::SlipFrame {
+class CF113311 final : public slips::SlipWithFiler {
  public:
-  CF113311() : SlipFrame(slips::exchangeSales) {}
+  CF113311() : SlipWithFiler(slips::exchangeSales) {}
 
   /// Inserts a stub row that holds no slip number; a row that exists already is left as it is, with no message.
   /// dTgl_Setor is written in its default text form; sUserName is not read.
@@ -27,10 +27,7 @@ class CF113311 final : public slips::SlipFrame {
                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
                          std::string_view sJnsPjk, std::string_view sUserName, std::string_view sNmWP,
                          std::string_view sAlamat, Date dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113311(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
+  slips::LoadOperation pGetF113311{*this};
   /// Deletes a slip, its list row, and its share in list and return. strBursa is not read.
   void pDeleteF113311(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
                       std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
@@ -53,9 +50,6 @@ class CF113311 final : public slips::SlipFrame {
 
   std::string aBursa() const { return textField("BURSA"); }
   void aBursa(std::string_view value) { put("BURSA", value); }
-  std::string aALM() const { return textField("ALM"); }
-  void aALM(std::string_view value) { put("ALM", value); }
-  Variant aNMWP() const { return get("NmWP"); }
 
   // Gross in rupiah and tariff in percent; the row's tax follows. The tax itself is stored as typed in.
   void aB13(double value) { put("B13", value); }

@@ -15,20 +15,4 @@ void CF113312::pCreateF113312Hdr(std::string_view sNPWP, std::string_view snmFor
               .option = iKdPmtg});
 }
 
-/// Where other slips hold their number, this stub holds iKdPmtg; the list reads it from there.
-std::string CF113312::stubText(const NewSlip& slip) const { return stubStart(slip).whole(slip.option).str(); }
-
-void CF113312::pGetF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
-                           Date /*dTgl_Setor*/) {
-  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
-void CF113312::pDeleteF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
-                              std::string_view sNoBukti, std::string_view sJnsPjk) {
-  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
 }  // namespace tarvola

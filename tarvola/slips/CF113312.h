@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/single_item_slip.h"
 #include "tarvola/slips/slip_descriptions.h"
+#include "tarvola/slips/slip_operations.h"
 
 namespace tarvola {
 
@@ -26,16 +26,9 @@ class CF113312 final : public slips::SingleItemSlip {
                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
                          std::string_view sJnsPjk, std::int16_t iKdPmtg, std::string_view sNmWP,
                          std::string_view sAlamat, Date dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list rows of both collections, and its share in list and return.
-  void pDeleteF113312(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
-
- private:
-  std::string stubText(const NewSlip& slip) const override;
+  slips::LoadOperation pGetF113312{*this};
+  /// Clears both collections of the list of the slip.
+  slips::DeleteOperation pDeleteF113312{*this};
 };
 
 }  // namespace tarvola

@@ -30,11 +30,6 @@ constexpr std::array<Service, 2> services = {{{.option = 1, .place = planning}, 
 
 constexpr RowRange onlyRow(std::size_t row) { return {.first = row, .count = 1}; }
 
-void change(const RecordsetPtr& returnRow, const ReturnLine& line, double grossRupiah, double taxRupiah) {
-  store::setField(returnRow, line.gross, store::fieldNumber(returnRow, line.gross) + grossRupiah);
-  store::setField(returnRow, line.tax, store::fieldNumber(returnRow, line.tax) + taxRupiah);
-}
-
 }  // namespace
 
 void CF113316::pCreateF113316Hdr(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
@@ -48,27 +43,8 @@ void CF113316::pCreateF113316Hdr(std::string_view sNPWP, std::string_view snmFor
               .option = iKdPmtg});
 }
 
-/// Where other slips hold their number, this stub holds iKdPmtg; the list reads it from there.
-std::string CF113316::stubText(const NewSlip& slip) const { return stubStart(slip).whole(slip.option).str(); }
-
-void CF113316::pGetF113316(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
-                           Date /*dTgl_Setor*/) {
-  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
-void CF113316::pDeleteF113316(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
-                              std::string_view sNoBukti, std::string_view sJnsPjk) {
-  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
-CF113316::Options CF113316::optionsOfForm() const {
-  Options options{};
-  for (std::size_t index = 0; index < options.size(); ++index)
-    options[index] = store::fieldInteger(namedFields(), optionRows[index].option);
-  return options;
+bool CF113316::isService(std::string_view option, std::int16_t service) const {
+  return store::fieldNumberOr(namedFields(), option, 0) == service;
 }
 
 void CF113316::rememberOldValues() {
@@ -83,17 +59,16 @@ void CF113316::rememberOldValues() {
 void CF113316::writeTotals(const RecordsetPtr& storeRow) {
   // The slip is packed by now: the stored text still says nothing where the option was Null.
   store::nullToZero(namedFields(), optionRows.front().option);
-  const Options options = optionsOfForm();
   const auto put = [&](std::size_t place, const Amounts& amounts) {
     store::setField(storeRow, description().totals[place].gross, amounts.grossRupiah);
     store::setField(storeRow, description().totals[place].tax, amounts.taxRupiah);
   };
   for (const Service& service : services) {
     Amounts sum;
-    for (std::size_t index = 0; index < options.size(); ++index) {
-      if (options[index] != service.option) continue;
-      sum.grossRupiah += sumOfGross(onlyRow(optionRows[index].row));
-      sum.taxRupiah += sumOfTax(onlyRow(optionRows[index].row));
+    for (const OptionRow& optionRow : optionRows) {
+      if (!isService(optionRow.option, service.option)) continue;
+      sum.grossRupiah += sumOfGross(onlyRow(optionRow.row));
+      sum.taxRupiah += sumOfTax(onlyRow(optionRow.row));
     }
     put(service.place, sum);
   }
@@ -101,7 +76,11 @@ void CF113316::writeTotals(const RecordsetPtr& storeRow) {
   put(work, {.grossRupiah = sumOfGross(workRows), .taxRupiah = sumOfTax(workRows)});
 }
 
-void CF113316::beforeRollUp() { newOptions_ = optionsOfForm(); }
+/// A Null Opt5 fails here. It has picked no total, so that the slip is stored by now.
+void CF113316::beforeRollUp() {
+  for (std::size_t index = 0; index < newOptions_.size(); ++index)
+    newOptions_[index] = store::fieldInteger(namedFields(), optionRows[index].option);
+}
 
 // --- the return ------------------------------------------------------------------------------------------
 
@@ -117,8 +96,7 @@ void CF113316::takeOptionRows(const RecordsetPtr& returnRow) const {
   for (const Service& service : services)
     for (std::size_t index = 0; index < oldOptions_.size(); ++index) {
       if (oldOptions_[index] != service.option) continue;
-      const OldRow& old = oldValues().rows[optionRows[index].row];
-      change(returnRow, description().returnLines[service.place], -old.grossRupiah, -old.taxRupiah);
+      addToLine(returnRow, description().returnLines[service.place], takenAway(optionRows[index].row));
     }
 }
 
@@ -137,13 +115,11 @@ void CF113316::moveOptionRow(const RecordsetPtr& returnRow, std::size_t optionRo
   const ReturnLine& other = option == 1 ? lines[supervision] : lines[planning];
   const std::size_t row = optionRows[optionRow].row;
   if (status().edit && oldOptions_[optionRow] != option) {
-    const OldRow& old = oldValues().rows[row];
-    change(returnRow, own, sumOfGross(onlyRow(row)), sumOfTax(onlyRow(row)));
-    change(returnRow, other, -old.grossRupiah, -old.taxRupiah);
+    addToLine(returnRow, own, {.grossRupiah = sumOfGross(onlyRow(row)), .taxRupiah = sumOfTax(onlyRow(row))});
+    addToLine(returnRow, other, takenAway(row));
     return;
   }
-  const Amounts difference = changed({}, onlyRow(row));
-  change(returnRow, own, difference.grossRupiah, difference.taxRupiah);
+  addToLine(returnRow, own, changeOf(row));
 }
 
 }  // namespace tarvola

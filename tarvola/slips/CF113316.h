@@ -9,7 +9,8 @@
 #include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_descriptions.h"
-#include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_operations.h"
+#include "tarvola/slips/slip_parties.h"
 
 namespace tarvola {
 
@@ -18,9 +19,9 @@ namespace tarvola {
 /// supervision, line 6c; 0 neither. A row with option 0 reaches no line and no total column, but counts in the list.
 ///
 /// The tax of a row is gross * tariff * 0.01, which can differ from a division by 100 in the last place.
-class CF113316 final : public slips::SlipFrame {
+class CF113316 final : public slips::SlipWithParties {
  public:
-  CF113316() : SlipFrame(slips::constructionServices) {}
+  CF113316() : SlipWithParties(slips::constructionServices) {}
 
   /// Inserts a stub row whose place for the slip number holds iKdPmtg; a row that exists already is left as it is, with
   /// no message.
@@ -28,15 +29,12 @@ class CF113316 final : public slips::SlipFrame {
                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
                          std::string_view sJnsPjk, std::int16_t iKdPmtg, std::string_view sNmWP,
                          std::string_view sAlamat, std::string_view dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113316(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list rows of both collections, and its share in list and return.
-  void pDeleteF113316(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
+  slips::LoadOperation pGetF113316{*this};
+  /// Clears both collections of the list of the slip.
+  slips::DeleteOperation pDeleteF113316{*this};
 
-  /// What rows 4 and 5 are. A save turns a Null Opt4 into 0 and fails on a Null Opt5, before anything is written.
+  /// What rows 4 and 5 are. A save turns a Null Opt4 into 0. A Null Opt5 picks no line and then fails: the slip is
+  /// stored by then, while list and return do not know of it.
   Variant aOpt4() const { return get("Opt4"); }
   void aOpt4(const Variant& value) { put("Opt4", value); }
   Variant aOpt5() const { return get("Opt5"); }
@@ -59,35 +57,22 @@ class CF113316 final : public slips::SlipFrame {
   void aB54(double value) { put("B54", value); }
   void aB55(double value) { put("B55", value); }
 
-  using SlipFrame::aNPWP;
-  void aNPWP(const Variant& value) { put("npwp", value); }
-  Variant aNMWP() const { return get("NmWP"); }
-  void aNMWP(const Variant& value) { put("NmWP", value); }
   using SlipFrame::aNoBukti;
   Variant aNoBukti() const { return get("NoBukti"); }
-  /// The address of the filer has two names.
-  void aAlmWP(std::string_view value) { put("ALM", value); }
-  std::string aALM() const { return textField("ALM"); }
-  void aALM(std::string_view value) { put("ALM", value); }
-  using SlipFrame::aNPWPLT;
-  Variant aNPWPLT() const { return get("NPWPLT"); }
-  using SlipFrame::aNMWPLT;
-  Variant aNMWPLT() const { return get("NMWPLT"); }
-  /// The address of the payee has two names: aALMLT writes it, aALMT reads it.
-  void aALMLT(std::string_view value) { put("ALMLT", value); }
-  std::string aALMT() const { return textField("ALMLT"); }
+  /// The address of the filer has two names that write it, aAlmWP and aALM.
+  void aAlmWP(const Variant& value) { put("ALM", value); }
 
  private:
   /// Opt4 and Opt5.
   using Options = std::array<std::int16_t, 2>;
 
-  std::string stubText(const NewSlip& slip) const override;
   void rememberOldValues() override;
   void writeTotals(const RecordsetPtr& storeRow) override;
   void beforeRollUp() override;
   void moveReturnLines(CF113204& mainReturn) override;
 
-  Options optionsOfForm() const;
+  /// Whether a row is of that service. A Null option is of none.
+  bool isService(std::string_view option, std::int16_t service) const;
   void takeOptionRows(const RecordsetPtr& returnRow) const;
   void moveOptionRows(const RecordsetPtr& returnRow) const;
   void moveOptionRow(const RecordsetPtr& returnRow, std::size_t optionRow, std::int16_t option) const;

@@ -52,19 +52,6 @@ std::string CF113317::stubText(const NewSlip& slip) const {
       .str();
 }
 
-void CF113317::pGetF113317(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                           std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                           std::string_view sJnsPjk, std::string_view /*sNmWP*/, std::string_view /*sAlamat*/,
-                           Date /*dTgl_Setor*/) {
-  load(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
-void CF113317::pDeleteF113317(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                              std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq,
-                              std::string_view sNoBukti, std::string_view sJnsPjk) {
-  deleteSlip(keyOf(sNPWP, snmForm, sJnsDok, iMsPjk, iThPjk, iCorrSeq, sNoBukti, sJnsPjk));
-}
-
 /// The blanks of the stub do not outlive the first save.
 void CF113317::beforeSave() {
   for (const std::string_view field : {"E1", "F1"}) {

@@ -8,6 +8,7 @@
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_descriptions.h"
 #include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_operations.h"
 
 namespace tarvola {
 
@@ -26,13 +27,8 @@ class CF113317 final : public slips::SlipFrame {
                          std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
                          std::string_view sJnsPjk, std::string_view sUserName, std::string_view sNmWP,
                          std::string_view sAlamat, std::string_view dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113317(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list row, and its share in list and return.
-  void pDeleteF113317(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
+  slips::LoadOperation pGetF113317{*this};
+  slips::DeleteOperation pDeleteF113317{*this};
 
   // --- the bond -------------------------------------------------------------------------------------------------
 
@@ -53,7 +49,7 @@ class CF113317 final : public slips::SlipFrame {
   // 0: interest that was typed in or worked out before survives, and writing 0 into aK2 has it worked out again. A
   // TimePeriode of 0 or less sets k2 to 0, also one that was typed in. While one of the four is Null, k2 stays.
   /// Nominal value in rupiah.
-  void aB1(double value) { put("b1", value); }
+  void aB1(const Variant& value) { put("b1", value); }
   /// Interest per year in percent.
   void aD1(double value) { put("d1", value); }
   /// Days for which the bond was held, and days that the interest is paid for.

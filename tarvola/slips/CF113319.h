@@ -1,13 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
-#include "tarvola/runtime/date.h"
-#include "tarvola/runtime/variant.h"
 #include "tarvola/slips/single_item_slip.h"
 #include "tarvola/slips/slip_descriptions.h"
+#include "tarvola/slips/slip_operations.h"
 
 namespace tarvola {
 
@@ -17,18 +12,11 @@ class CF113319 final : public slips::SingleItemSlip {
  public:
   CF113319() : SingleItemSlip(slips::cooperativeInterest) {}
 
-  /// Inserts a stub row that holds no slip number; a row that exists already is left as it is, with no message.
-  void pCreateF113319Hdr(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok,
-                         std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti,
-                         std::string_view sJnsPjk, std::string_view sNmWP, std::string_view sAlamat,
-                         std::string_view dTgl_Setor);
-  /// Loads a slip into rs4_2Form; without such a row it has no record. sNPWP, name, address and date are not read.
-  void pGetF113319(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                   std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk,
-                   std::string_view sNmWP, std::string_view sAlamat, Date dTgl_Setor);
-  /// Deletes a slip, its list rows of both collections, and its share in list and return.
-  void pDeleteF113319(std::string_view sNPWP, std::string_view snmForm, std::string_view sJnsDok, std::int16_t iMsPjk,
-                      std::int16_t iThPjk, std::int16_t iCorrSeq, std::string_view sNoBukti, std::string_view sJnsPjk);
+  /// The stub holds no slip number.
+  slips::CreateOperation pCreateF113319Hdr{*this};
+  slips::LoadOperation pGetF113319{*this};
+  /// Clears both collections of the list of the slip.
+  slips::DeleteOperation pDeleteF113319{*this};
 };
 
 }  // namespace tarvola

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "tarvola/runtime/variant.h"
-#include "tarvola/slips/slip_frame.h"
+#include "tarvola/slips/slip_parties.h"
 
 namespace tarvola::slips {
 
@@ -13,7 +10,7 @@ namespace tarvola::slips {
 ///
 /// The tax is gross * tariff / 100, the product first, computed when either is written and cut down to whole rupiah by
 /// pHitPjk. While one of them is Null the tax is Null.
-class SingleItemSlip : public SlipFrame {
+class SingleItemSlip : public SlipWithParties {
  public:
   /// Gross in rupiah; the tax follows.
   void ajmlBruto(double value) { put("JMLBRUTO", value); }
@@ -22,28 +19,13 @@ class SingleItemSlip : public SlipFrame {
   /// Tax in rupiah, as typed in.
   void aPPhDiptg(double value) { put("PPHDIPTG", value); }
 
-  using SlipFrame::aNPWP;
-  void aNPWP(const Variant& value) { put("npwp", value); }
-  Variant aNMWP() const { return get("NmWP"); }
-  void aNMWP(const Variant& value) { put("NmWP", value); }
-  std::string aALM() const { return textField("ALM"); }
-  void aALM(std::string_view value) { put("ALM", value); }
-
-  using SlipFrame::aNPWPLT;
-  Variant aNPWPLT() const { return get("NPWPLT"); }
-  using SlipFrame::aNMWPLT;
-  Variant aNMWPLT() const { return get("NMWPLT"); }
-  /// The address of the payee has two names: aALMLT writes it, aALMT reads it.
-  void aALMLT(std::string_view value) { put("ALMLT", value); }
-  std::string aALMT() const { return textField("ALMLT"); }
-
   Variant aLokasi() const { return get("Lokasi"); }
   void aLokasi(const Variant& value) { put("Lokasi", value); }
   Variant aNMUSER() const { return get("NMUSER"); }
   void aNMUSER(const Variant& value) { put("NMUSER", value); }
 
  protected:
-  using SlipFrame::SlipFrame;
+  using SlipWithParties::SlipWithParties;
 };
 
 }  // namespace tarvola::slips

@@ -37,6 +37,13 @@ Variant productTimesHundredth(const Variant& gross, const Variant& tariff);
 /// amount belongs: the fields before it are normalised, those behind it are not.
 enum class TariffTurn : std::uint8_t { BehindAllAmounts, BehindEachRow, BeforeAmounts };
 
+/// What a new slip's packed text ends with, behind filer, period and date.
+enum class StubEnd : std::uint8_t {
+  Date,  ///< nothing more: the slip does not know its number
+  SlipNumber,
+  KindOfAgent,  ///< the caller's iKdPmtg, where other slips hold their number; the list reads it from there
+};
+
 /// Which forms the proposal of a slip number looks at. The two sets may propose different numbers for the same year.
 enum class NumberScan : std::uint8_t { SixForms, NineForms };
 
@@ -78,6 +85,7 @@ struct SlipDescription {
   std::span<const AmountRow> rows;
   /// The fields that have a property to write them.
   std::span<const SlipField> fields;
+  StubEnd stubEnd = StubEnd::Date;
   /// nullptr where the form computes its tax in a way of its own.
   Variant (*taxOf)(const Variant& gross, const Variant& tariff) = nullptr;
   TariffTurn tariffTurn = TariffTurn::BehindAllAmounts;

@@ -121,6 +121,7 @@ constexpr SlipDescription singleItem(const store::FormCodes& form, std::span<con
 /// Rent of land and buildings: it scans six forms and takes its date through a date.
 constexpr SlipDescription rent() {
   SlipDescription description = singleItem(store::F113312, rentLines);
+  description.stubEnd = StubEnd::KindOfAgent;
   description.numberScan = NumberScan::SixForms;
   description.listDate = ListDate::DefaultText;
   return description;
@@ -139,6 +140,7 @@ constexpr SlipDescription dividend() {
 inline constexpr SlipDescription lotteryPrizes{.form = store::F113309,
                                                .rows = detail::prizeRows,
                                                .fields = detail::prizeFields,
+                                               .stubEnd = StubEnd::SlipNumber,
                                                .taxOf = grossTimesShare,
                                                .grossSum = "JMLPHSL",
                                                .taxSum = "JmlB5",
@@ -152,6 +154,7 @@ inline constexpr SlipDescription lotteryPrizes{.form = store::F113309,
 inline constexpr SlipDescription interest{.form = store::F113310,
                                           .rows = detail::interestRows,
                                           .fields = detail::interestFields,
+                                          .stubEnd = StubEnd::SlipNumber,
                                           .taxOf = grossTimesShare,
                                           .tariffTurn = TariffTurn::BehindEachRow,
                                           .grossSum = "JMLPHSL",
@@ -183,6 +186,7 @@ inline constexpr SlipDescription exchangeSales{.form = store::F113311,
 inline constexpr SlipDescription constructionServices{.form = store::F113316,
                                                       .rows = detail::constructionRows,
                                                       .fields = detail::constructionFields,
+                                                      .stubEnd = StubEnd::KindOfAgent,
                                                       .taxOf = productTimesHundredth,
                                                       .tariffTurn = TariffTurn::BehindEachRow,
                                                       .grossSum = "JMLPHSL",

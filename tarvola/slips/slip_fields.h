@@ -143,13 +143,16 @@ inline constexpr auto interestFields =
            row(interestRows, 6), list(text("B62", "Jenis Penghasilan 8")), row(interestRows, 7), certificates,
            list(amount("JmlNOPDN"), amount("JmlNOPLN"), amount("JmlPPhDN"), amount("JmlPPhLN")), invoice);
 
-inline constexpr auto exchangeFields = joined(slipStart, payee, list(plainText("BURSA"), plainText("ALM")),
-                                              row(exchangeRows, 0), row(exchangeRows, 1), invoice);
+/// The filer, where it can be written.
+inline constexpr auto filer = list(text("npwp"), text("NmWP"), plainText("ALM"));
+
+inline constexpr auto exchangeFields =
+    joined(slipStart, payee, list(plainText("BURSA")), row(exchangeRows, 0), row(exchangeRows, 1), filer, invoice);
 
 inline constexpr auto singleItemFields = joined(
     slipStart, payeeOfPlainAddress, list(text("Lokasi", "Lokasi Tanah dan atau Bangunan")),
     list(amount("JMLBRUTO", "Jumlah Nilai Bruto"), percent("Tarif", "Tarif"), amount("PPHDIPTG", "PPh Yang Dipotong")),
-    list(text("npwp"), text("NmWP"), plainText("ALM"), text("NMUSER")), invoice);
+    filer, list(text("NMUSER")), invoice);
 
 constexpr SlipField kindOfService(std::string_view name) {
   SlipField field = option(name, "Kode Option Perencanaan (1) atau Pengawasan (2) atau selainnya (0)");
@@ -159,7 +162,7 @@ constexpr SlipField kindOfService(std::string_view name) {
 inline constexpr auto constructionFields =
     joined(slipStart, payeeOfPlainAddress, row(constructionRows, 0), row(constructionRows, 1), row(constructionRows, 2),
            list(kindOfService("Opt4")), row(constructionRows, 3), list(kindOfService("Opt5")), row(constructionRows, 4),
-           list(text("npwp"), text("NmWP"), plainText("ALM")), invoice);
+           list(text("npwp"), text("NmWP"), text("ALM")), invoice);
 
 // Behind what the total depends on stands the total, then the tariff, whose write computes the tax from it.
 inline constexpr auto bondFields = joined(

@@ -204,7 +204,20 @@ store::PackedRow SlipFrame::stubStart(const NewSlip& slip) {
   return packed;
 }
 
-std::string SlipFrame::stubText(const NewSlip& slip) const { return stubStart(slip).str(); }
+std::string SlipFrame::stubText(const NewSlip& slip) const {
+  store::PackedRow packed = stubStart(slip);
+  switch (description_.stubEnd) {
+    case StubEnd::SlipNumber:
+      packed.text("NoBukti", slip.key.noBukti);
+      break;
+    case StubEnd::KindOfAgent:
+      packed.whole(slip.option);
+      break;
+    case StubEnd::Date:
+      break;
+  }
+  return packed.str();
+}
 
 void SlipFrame::createStub(const NewSlip& slip) {
   guarded([&] {
@@ -231,10 +244,16 @@ void SlipFrame::load(const store::DocumentKey& key) {
   });
 }
 
+/// Opens a text into rs4_2Hdr, which is heard from before it opens. A text that fails leaves a closed recordset there.
+void SlipFrame::openStoreRows(const Statement& selection) {
+  header_.set(Recordset::create());
+  store_.openInto(*header_.get(), selection);
+}
+
 void SlipFrame::loadSlip(const store::Period& period, std::string_view noBukti) { load(ownKey(period, noBukti)); }
 
 void SlipFrame::openRows(const Statement& selection) {
-  header_.set(store_.open(selection));
+  openStoreRows(selection);
   form_ = store_.expand(description_.form.kdForm, header_.get());
 }
 

@@ -156,6 +156,9 @@ class SlipFrame {
   void openRows(const store::Statement& selection);
   /// Deletes a slip with its list rows and brings list and return in step.
   void deleteSlip(const store::DocumentKey& key);
+  friend class CreateOperation;
+  friend class LoadOperation;
+  friend class DeleteOperation;
 
   // Fields as properties of a plain type give them; 0 or "" behind a failure, as behind a Null.
   std::string textField(std::string_view name) const;
@@ -210,12 +213,14 @@ class SlipFrame {
   /// What the rows hold by now, added up.
   double sumOfGross(RowRange rows) const;
   double sumOfTax(RowRange rows) const;
-  /// What amounts become when some rows change from their old values to their new ones, or are taken away with the old
-  /// ones: row by row, so that fractions add up in this order.
-  Amounts changed(Amounts amounts, RowRange rows) const;
-  Amounts reduced(Amounts amounts, RowRange rows) const;
-  /// Moves a line's gross and tax by the slip's rows that feed it.
+  /// By how much a row has changed from its old values, and by how much it changes when it is taken away.
+  Amounts changeOf(std::size_t row) const;
+  Amounts takenAway(std::size_t row) const;
+  /// Moves a line's gross and tax by the slip's rows that feed it, one by one, so that fractions add up in this order.
   void moveReturnLine(const RecordsetPtr& returnRow, const ReturnLine& line) const;
+  /// Takes the old amounts of these rows from a line.
+  void takeFromLine(const RecordsetPtr& returnRow, const ReturnLine& line) const;
+  static void addToLine(const RecordsetPtr& returnRow, const ReturnLine& line, const Amounts& change);
   /// Sets a line's tariff: the default while the line is 0, the average over all slips of the period otherwise.
   void setReturnTariff(CF113204& mainReturn, const ReturnLine& line) const;
   double defaultTariff(CF113204& mainReturn, std::string_view item) const;
@@ -232,6 +237,7 @@ class SlipFrame {
   static Variant typedValue(const SlipField& field, const Variant& value);
 
  private:
+  void openStoreRows(const store::Statement& selection);
   store::Statement selectStoredRow() const;
   void startStoreRow(const RecordsetPtr& storeRow) const;
   void fillStoreRow(const RecordsetPtr& storeRow, const std::string& packed);
@@ -249,8 +255,7 @@ class SlipFrame {
   RecordsetPtr form_;
   store::WatchedRecordset header_{MoveComplete};
 
-  /// Filer and period of the slip that was saved last; the list is loaded by them.
-  std::string savedNpwp_;
+  /// The period of the slip that was saved or deleted last; list and return are loaded by it.
   store::Period savedPeriod_;
   lists::StatusFlags status_;
   OldValues old_;

@@ -30,13 +30,21 @@ void SlipFrame::moveReturnLines(CF113204& mainReturn) {
 }
 
 void SlipFrame::moveReturnLine(const RecordsetPtr& returnRow, const ReturnLine& line) const {
-  if (!status_.addsOrEdits() && !status_.remove) return;
-  Amounts amounts{.grossRupiah = store::fieldNumber(returnRow, line.gross),
-                  .taxRupiah = store::fieldNumber(returnRow, line.tax)};
-  // A deleted slip takes away what it was loaded with; what it holds by now plays no part.
-  amounts = status_.addsOrEdits() ? changed(amounts, line.rows) : reduced(amounts, line.rows);
-  store::setField(returnRow, line.gross, amounts.grossRupiah);
-  store::setField(returnRow, line.tax, amounts.taxRupiah);
+  if (status_.onlyRemoves()) return takeFromLine(returnRow, line);
+  if (!status_.addsOrEdits()) return;
+  for (std::size_t row = line.rows.first; row < line.rows.first + line.rows.count; ++row)
+    addToLine(returnRow, line, changeOf(row));
+}
+
+/// A deleted slip takes away what it was loaded with; what it holds by now plays no part.
+void SlipFrame::takeFromLine(const RecordsetPtr& returnRow, const ReturnLine& line) const {
+  for (std::size_t row = line.rows.first; row < line.rows.first + line.rows.count; ++row)
+    addToLine(returnRow, line, takenAway(row));
+}
+
+void SlipFrame::addToLine(const RecordsetPtr& returnRow, const ReturnLine& line, const Amounts& change) {
+  store::setField(returnRow, line.gross, store::fieldNumber(returnRow, line.gross) + change.grossRupiah);
+  store::setField(returnRow, line.tax, store::fieldNumber(returnRow, line.tax) + change.taxRupiah);
 }
 
 void SlipFrame::setReturnTariff(CF113204& mainReturn, const ReturnLine& line) const {

@@ -26,16 +26,13 @@ constexpr double noNpwpDivisor = 1.0;
 void SlipFrame::pUpdate() {
   guarded([&] {
     beforeSave();
-    // The stored row is found by the old number, so that a save can change it.
-    const store::Statement stored = selectStoredRow();
     const std::string packed = store_.pack(form_);
-    header_.set(store_.open(stored));
+    openStoreRows(selectStoredRow());
     const RecordsetPtr storeRow = header_.get();
     if (store::isEmptyResult(storeRow)) startStoreRow(storeRow);
     fillStoreRow(storeRow, packed);
     store::saveAndRequery(storeRow);
     moveNumberMemory();
-    savedNpwp_ = store::fieldText(form_, "NPWP");
     savedPeriod_ = formPeriod();
     beforeRollUp();
     pUpdD113206();
@@ -45,6 +42,7 @@ void SlipFrame::pUpdate() {
   });
 }
 
+/// The stored row is found by the old number, so that a save can change it.
 store::Statement SlipFrame::selectStoredRow() const {
   const std::string npwp = store::fieldText(form_, "npwp");
   const store::DocumentKey key{.npwp = npwp,
@@ -105,27 +103,24 @@ SlipFrame::ListAmounts SlipFrame::listAmounts() const {
   ListAmounts amounts;
   amounts.grossRupiah = sumOfGross(all);
   amounts.taxRupiah = description_.taxSum.empty() ? sumOfTax(all) : store::fieldNumber(form_, description_.taxSum);
-  const Amounts change = changed({}, all);
-  amounts.grossChangeRupiah = change.grossRupiah;
-  amounts.taxChangeRupiah = description_.remembersTaxSum ? amounts.taxRupiah - old_.taxSumRupiah : change.taxRupiah;
+  for (std::size_t row = 0; row < all.count; ++row) {
+    const AmountRow& fields = description_.rows[row];
+    amounts.grossChangeRupiah += store::fieldNumber(form_, fields.gross) - old_.rows[row].grossRupiah;
+    if (description_.remembersTaxSum) continue;
+    amounts.taxChangeRupiah += store::fieldNumber(form_, fields.tax) - old_.rows[row].taxRupiah;
+  }
+  if (description_.remembersTaxSum) amounts.taxChangeRupiah = amounts.taxRupiah - old_.taxSumRupiah;
   return amounts;
 }
 
-SlipFrame::Amounts SlipFrame::changed(Amounts amounts, RowRange rows) const {
-  for (std::size_t index = rows.first; index < rows.first + rows.count; ++index) {
-    const AmountRow& row = description_.rows[index];
-    amounts.grossRupiah += store::fieldNumber(form_, row.gross) - old_.rows[index].grossRupiah;
-    amounts.taxRupiah += store::fieldNumber(form_, row.tax) - old_.rows[index].taxRupiah;
-  }
-  return amounts;
+SlipFrame::Amounts SlipFrame::changeOf(std::size_t row) const {
+  const AmountRow& fields = description_.rows[row];
+  return {.grossRupiah = store::fieldNumber(form_, fields.gross) - old_.rows[row].grossRupiah,
+          .taxRupiah = store::fieldNumber(form_, fields.tax) - old_.rows[row].taxRupiah};
 }
 
-SlipFrame::Amounts SlipFrame::reduced(Amounts amounts, RowRange rows) const {
-  for (std::size_t index = rows.first; index < rows.first + rows.count; ++index) {
-    amounts.grossRupiah -= old_.rows[index].grossRupiah;
-    amounts.taxRupiah -= old_.rows[index].taxRupiah;
-  }
-  return amounts;
+SlipFrame::Amounts SlipFrame::takenAway(std::size_t row) const {
+  return {.grossRupiah = -old_.rows[row].grossRupiah, .taxRupiah = -old_.rows[row].taxRupiah};
 }
 
 std::string SlipFrame::listDate() const {

@@ -116,28 +116,30 @@ TEST_F(BondSlip, LeavesItsInterestAloneWhileSomethingIsMissing) {
 
 struct RoundedCase {
   const char* field;
-  void (CF113317::*put)(double);
+  void (*put)(CF113317&, double);
 };
 
 // To the nearest whole rupiah, halves away from zero; the other slips keep what is written.
 TEST_F(BondSlip, RoundsItsAmountsAsTheyAreWritten) {
-  const std::vector<RoundedCase> cases = {{"b1", &CF113317::aB1},
-                                          {"h1", &CF113317::aH1},
-                                          {"i1", &CF113317::aI1},
-                                          {"j2", &CF113317::aJ2},
-                                          {"k2", &CF113317::aK2},
-                                          {"JML", &CF113317::aJML},
-                                          {"PPhFinal", &CF113317::aPPhFinal}};
+  const std::vector<RoundedCase> cases = {{"b1", [](CF113317& s, double v) { s.aB1(v); }},
+                                          {"h1", [](CF113317& s, double v) { s.aH1(v); }},
+                                          {"i1", [](CF113317& s, double v) { s.aI1(v); }},
+                                          {"j2", [](CF113317& s, double v) { s.aJ2(v); }},
+                                          {"k2", [](CF113317& s, double v) { s.aK2(v); }},
+                                          {"JML", [](CF113317& s, double v) { s.aJML(v); }},
+                                          {"PPhFinal", [](CF113317& s, double v) { s.aPPhFinal(v); }}};
   for (const RoundedCase& test : cases) {
-    (slip.*test.put)(1000.4);
+    test.put(slip, 1000.4);
     EXPECT_EQ(fields({test.field}), "1000") << test.field;
-    (slip.*test.put)(1234567.5);
+    test.put(slip, 1234567.5);
     EXPECT_EQ(fields({test.field}), "1234568") << test.field;
-    (slip.*test.put)(-2.5);
+    test.put(slip, -2.5);
     EXPECT_EQ(fields({test.field}), "-3") << test.field;
   }
   slip.aD1(12.345);
   EXPECT_EQ(fields({"d1"}), "12,345");
+  slip.aB1("1.000,6");
+  EXPECT_EQ(fields({"b1"}), "1001");
   EXPECT_TRUE(messages.empty());
 }
 

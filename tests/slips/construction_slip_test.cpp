@@ -255,14 +255,31 @@ TEST_F(ConstructionSlip, TakesAFirstOptionThatIsNullForZero) {
   EXPECT_EQ(fieldsOf(slip, {"Opt4", "Opt5"}), "-null-;1");
 }
 
-TEST_F(ConstructionSlip, WithoutItsSecondOptionFailsBeforeTheStoreIsTouched) {
+// A second option that is Null picks no total column and is no option to move the return by: the save ends behind the
+// stored row and the number memory.
+TEST_F(ConstructionSlip, WithoutItsSecondOptionEndsBehindTheStoredRow) {
   startSlip(slip, number);
   slip.aOpt4(std::int16_t{1});
-  slip.pHitPjk(1);
-  const auto before = store.dump();
-  slip.pUpdate();
+  slip.aB43(4000);
+  slip.aB53(5000);
+  save(slip);
   EXPECT_EQ(messages.texts(), std::vector<std::string>{"Invalid use of Null"});
-  EXPECT_EQ(store.dump(), before);
+  EXPECT_EQ(column("Total_Bruto1, Total_Bruto2, Total_Bruto3, FlagNPWP"), "4000|0|0|1");
+  EXPECT_EQ(store.row("SELECT FORMAT_STRING FROM SETTING_NOBUKTI_PPH WHERE PASAL = 4"), "/PPH4");
+  EXPECT_TRUE(store.listed().empty());
+  EXPECT_EQ(groups(), "0;0;0;0");
+  EXPECT_EQ(store.ofReturn({"C3"}), "0");
+}
+
+// Amounts first, then rates: the group that the row has left shows its default, the average of 4 and 6, the other the
+// rate of the row. The rows of both groups are moved before either rate is asked for.
+TEST_F(ConstructionSlip, SetsTheRatesBehindAllAmounts) {
+  add(4000, 2);
+  EXPECT_EQ(store.ofReturn({"B6a14", "B6c14"}), "5;4");
+  edit(4000, 1);
+  EXPECT_EQ(store.ofReturn({"B6a14", "B6c14"}), "4;5");
+  remove();
+  EXPECT_EQ(store.ofReturn({"B6a14", "B6b14", "B6c14"}), "5;3;5");
 }
 
 TEST_F(ConstructionSlip, ReadsAndWritesItsTexts) {
@@ -271,6 +288,8 @@ TEST_F(ConstructionSlip, ReadsAndWritesItsTexts) {
   slip.aNMWP("2");
   slip.aALM("3");
   EXPECT_EQ(slip.aALM(), "3");
+  slip.aAlmWP(Variant::null());
+  EXPECT_EQ(fieldsOf(slip, {"ALM"}), "-null-");
   slip.aAlmWP("4");
   EXPECT_EQ(slip.aALM(), "4");
   slip.aNoBukti("5");

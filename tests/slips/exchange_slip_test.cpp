@@ -239,6 +239,10 @@ TEST_F(ExchangeSlip, GivesItsExchangeAndAddresses) {
   EXPECT_EQ(slip.aBursa(), "Jakarta");
   EXPECT_EQ(slip.aALM(), "Medan");
   EXPECT_EQ(slip.aNMWP(), Variant("PT Contoh Sejahtera"));
+  EXPECT_EQ(slip.aNPWP(), Variant("013121660091000"));
+  slip.aNPWP("1");
+  slip.aNMWP(Variant::null());
+  EXPECT_EQ(fieldsOf(slip, {"npwp", "NmWP"}), "1;-null-");
   EXPECT_EQ(fieldsOf(slip, {"BURSA", "ALM", "ALMLT"}), "Jakarta;Medan;Bandung");
 }
 

@@ -199,6 +199,40 @@ TEST_F(InterestReturn, CanBeDrivenBelowZeroByAnEdit) {
   EXPECT_EQ(store.ofReturn({"B1a13", "B1a15"}), "-600;20");
 }
 
+// Every line that comes back to 0 shows the default again; the text line shows 0.
+TEST_F(InterestReturn, FallsBackToTheDefaultWithTheLastSlip) {
+  CF113310 slip;
+  startSlip(slip, number);
+  for (const auto* tariff : {"B1A4", "B1B4", "B44", "B54", "B64"}) slip.put(tariff, 15.0);
+  for (const auto* gross : {"B1A3", "B1B3", "B43", "B53", "B63"}) slip.put(gross, 1000.0);
+  setSide(slip, 2, 0, 1);
+  save(slip);
+  EXPECT_EQ(store.ofReturn({"B1a14", "B1a24", "B1B4", "B1C4", "B11a4"}), "15;15;15;15;15");
+  remove(number);
+  EXPECT_EQ(store.ofReturn({"B1a14", "B1a24", "B1B4", "B1C4", "B11a4"}), "20;20;20;20;0");
+  EXPECT_TRUE(messages.empty());
+}
+
+// The kinds look at the mark of deletion alone, the sides at that of an edit first: marked as both, SBI and other
+// interest lose the old amounts and gain the difference, and the text line is free again for the slip's own words.
+TEST_F(InterestReturn, EditedAndDeletedAtOnceLosesItsKindsAndKeepsItsSides) {
+  CF113310 slip;
+  startSlip(slip, number);
+  slip.getTaxRate();
+  slip.aB1a3(1000);
+  slip.aB43(500);
+  slip.aB62("Obligasi");
+  slip.aB63(300);
+  save(slip);
+  startEdit(slip, number);
+  slip.pAssignStatus(false, true, true);
+  slip.aB1a3(1200);
+  slip.aB43(550);
+  save(slip);
+  EXPECT_EQ(store.ofReturn({"B1a13", "B1a15", "B1B3", "B1B5", "C3"}), "1200;240;50;10;0");
+  EXPECT_EQ(otherLine(), "Obligasi;0;0;0");
+}
+
 // Without a flag neither sides nor kinds move, and no word is written; the tariffs are set anew.
 TEST_F(InterestReturn, StaysWithoutAStatus) {
   CF113310 slip;
@@ -285,6 +319,58 @@ TEST_F(InterestReturn, PutsARowOnOneSideOfTheList) {
 }
 
 // Two deposits that cancel each other leave a side with no gross, and so with no line, whatever their tax.
+struct RateCase {
+  const char* why;
+  std::vector<double> tariffs;
+  const char* rate;
+};
+
+// The first rate, then halfway to each further one: no mean.
+TEST_F(InterestReturn, HalvesTheRateOfASideFromRowToRow) {
+  const std::vector<RateCase> cases = {{"one row", {20}, "20"},
+                                       {"two rows", {10, 20}, "15"},
+                                       {"the mean would be 20", {10, 10, 40}, "25"},
+                                       {"the order counts", {40, 10, 10}, "17,5"},
+                                       {"five rows", {10, 20, 30, 40, 50}, "40,625"}};
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"B1A4", "B1A3"}, {"B1B4", "B1B3"}, {"B1C4", "B1C3"}, {"B24", "B23"}, {"B34", "B33"}};
+  for (const RateCase& test : cases) {
+    for (const std::int16_t isDomestic : {std::int16_t{1}, std::int16_t{0}}) {
+      store.run("DELETE * FROM D113210");
+      CF113310 slip;
+      startSlip(slip, number);
+      for (std::size_t row = 0; row < test.tariffs.size(); ++row) {
+        setSide(slip, int(row) + 1, isDomestic, std::int16_t(1 - isDomestic));
+        slip.put(rows[row].first, test.tariffs[row]);
+        slip.put(rows[row].second, 100.0);
+      }
+      slip.pHitPjk(1);
+      slip.pInsert_D113210();
+      EXPECT_EQ(store.rows("SELECT JENIS, TARIF FROM D113210"),
+                std::vector<std::string>{std::string(isDomestic == 1 ? "DN|" : "LN|") + test.rate})
+          << test.why;
+    }
+  }
+  EXPECT_TRUE(messages.empty());
+}
+
+// A payee that nobody wrote enters the statements as an empty text, and a row that was not normalised is no row.
+TEST_F(InterestReturn, TakesNullsOfThePayeeForEmptyTextsAndNullAmountsForNone) {
+  CF113310 slip;
+  slip.createSlip({.npwp = std::string(filerNpwp), .name = "n", .address = "a"}, january, number,
+                  Date::fromYmd(2009, 1, 5));
+  slip.loadSlip(january, number);
+  slip.aB1A4(20);
+  slip.aB1a3(1000);
+  slip.pInsert_D113210();
+  EXPECT_EQ(store.rows("SELECT NPWP, NMWP, ALM, JENIS, BRUTO, PPH FROM D113210"),
+            std::vector<std::string>{"|||DN|1000|200"});
+  EXPECT_EQ(store.interestSums(), "1;1000;200;0;0;0;0;0;0;0;0;0;1;1000;200");
+  slip.pDelD113210();
+  EXPECT_TRUE(store.lines().empty());
+  EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(InterestReturn, MakesNoLineOfASideThatComesToZero) {
   CF113310 slip;
   startSlip(slip, number);
@@ -394,12 +480,31 @@ TEST_F(InterestReturn, DeletesTheOldLinesBeforeItWorksOutTheNewOnes) {
   slip.aB1a3(1000);
   slip.pHitPjk(1);
   slip.pInsert_D113210();
-  store::setField(slip.rs4_2Form(), "B33", Variant::null());
+  slip.aB33(500);
+  store::setField(slip.rs4_2Form(), "B34", Variant::null());
   slip.pInsert_D113210();
   EXPECT_EQ(messages.texts(), std::vector<std::string>{"Invalid use of Null"});
   EXPECT_TRUE(store.lines().empty());
   // The header is written last and still says what it said.
   EXPECT_EQ(store.interestSums(), "1;1000;200;0;0;0;0;0;0;0;0;0;1;1000;200");
+}
+
+// Sides, SBI, giro, header: each is written before the next is looked at.
+TEST_F(InterestReturn, WritesItsLinesOneByOne) {
+  CF113310 slip;
+  startSlip(slip, number);
+  slip.getTaxRate();
+  slip.aB1a3(1000);
+  slip.aB1B3(700);
+  setSide(slip, 2, 0, 1);
+  slip.aB43(300);
+  slip.aB53(200);
+  slip.pHitPjk(1);
+  store::setField(slip.rs4_2Form(), "B54", Variant::null());
+  slip.pInsert_D113210();
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{"Invalid use of Null"});
+  EXPECT_EQ(store.lines(), (std::vector<std::string>{"DN|DN|1000|20|200", "LN|LN|700|20|140", "SBI||300|20|60"}));
+  EXPECT_EQ(store.interestSums(), "0;0;0;0;0;0;0;0;0;0;0;0;0;0;0");
 }
 
 TEST_F(InterestReturn, WithAnApostropheInThePayeeChangesNoLine) {

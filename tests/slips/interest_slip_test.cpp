@@ -235,11 +235,53 @@ TEST_F(InterestSlip, WithNullAmountsFailsBeforeTheStoreIsTouched) {
 // The totals come first when the return is moved, before it is loaded: a stub that is deleted has none, so that the
 // return stays, which never counted it.
 TEST_F(InterestSlip, DeletedAsAStubLeavesTheReturnAlone) {
-  const std::string before = store.ofReturn({"B1a13", "C3"});
+  CF113204 mainReturn;
+  mainReturn.pGetF113204("", "", "01", 1, 2009, 0, "", "113");
+  mainReturn.aC3(5);
+  mainReturn.pUpdate();
   slip.pDeleteF113310(filerNpwp, "F113310", "03", 1, 2009, 0, number, "113");
-  EXPECT_EQ(messages.texts(), std::vector<std::string>{"Invalid use of Null"});
+  // On no side, too: the gross of the slip is one of its totals.
+  slip.pCreateF113310Hdr(filerNpwp, "F113310", "03", 1, 2009, 0, number, "113", "n", "a", "05/01/2009", 2);
+  slip.pDeleteF113310(filerNpwp, "F113310", "03", 1, 2009, 0, number, "113");
+  EXPECT_EQ(messages.texts(), std::vector<std::string>(2, "Invalid use of Null"));
   EXPECT_EQ(store.slipColumn("NOBUKTI"), "none");
-  EXPECT_EQ(store.ofReturn({"B1a13", "C3"}), before);
+  EXPECT_EQ(store.ofReturn({"B1a13", "C3"}), "0;5");
+}
+
+// Any one of the eight grosses and of the taxes of SBI, giro and other interest is part of a total.
+TEST_F(InterestSlip, HasNoTotalsOverANullOnAnyRow) {
+  for (const auto* field : {"B1A3", "B1B3", "B1C3", "B23", "B33", "B43", "B45", "B53", "B55", "B63", "B65"}) {
+    slip.loadSlip(january, number);
+    slip.pHitPjk(1);
+    for (int row = 1; row <= 5; ++row) setSide(slip, row, 0, 0);
+    store::setField(slip.rs4_2Form(), field, Variant::null());
+    messages.clear();
+    const auto before = store.dump();
+    slip.pUpdF113204();
+    EXPECT_EQ(messages.texts(), std::vector<std::string>{"Invalid use of Null"}) << field;
+    EXPECT_EQ(store.dump(), before) << field;
+  }
+  // The tax of a deposit on no side is part of none.
+  startSlip(slip, number);
+  slip.pHitPjk(1);
+  setSide(slip, 1, 0, 0);
+  store::setField(slip.rs4_2Form(), "B1A5", Variant::null());
+  messages.clear();
+  slip.pUpdate();
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{});
+}
+
+// An option that is Null marks no side.
+TEST_F(InterestSlip, WithoutOptionsIsOnNoSide) {
+  slip.getTaxRate();
+  slip.aB1a3(1000);
+  slip.aB1B3(500);
+  slip.pHitPjk(1);
+  store::setField(slip.rs4_2Form(), "OPTDN1", Variant::null());
+  slip.pUpdate();
+  EXPECT_EQ(store.slipColumn("Total_Bruto1, Total_PPh1, Total_Bruto2"), "500|100|0");
+  EXPECT_EQ(store.listSums(), "1500;300");
+  EXPECT_TRUE(messages.empty());
 }
 
 }  // namespace

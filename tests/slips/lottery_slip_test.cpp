@@ -178,6 +178,17 @@ TEST_F(LotterySlip, HasTariffsOfZeroWithoutSettings) {
   EXPECT_EQ(fields({"B14", "B24", "B34", "B44", "B54", "B64", "B15"}), "0;0;0;0;0;0;250");
 }
 
+// At a tariff of 0 whatever is won costs nothing, unless a tax is typed in.
+TEST_F(LotterySlip, HasTaxesOfZeroWithoutSettingsUnlessTheyAreTypedIn) {
+  store.run("DELETE * FROM SETTING_TARIF_PPH");
+  slip.getTaxRate();
+  slip.aB13(1000);
+  slip.aB23(2000);
+  slip.aB25(77);
+  slip.pHitPjk(1);
+  EXPECT_EQ(fields({"B15", "B25", "JmlB5", "JMLPHSL"}), "0;77;77;3000");
+}
+
 TEST_F(LotterySlip, ReadsTheSettingsOfItsArticleOnly) {
   store.run("UPDATE SETTING_TARIF_PPH SET PASAL = 21 WHERE KODE_FORM = 'F113309'");
   slip.getTaxRate();

@@ -250,15 +250,8 @@ TEST_F(RentSlip, WithADateThatIsNoneHasNoListRow) {
 }
 
 template <class Slip>
-void makeLoadAndDelete(void (Slip::*create)(std::string_view, std::string_view, std::string_view, std::int16_t,
-                                            std::int16_t, std::int16_t, std::string_view, std::string_view,
-                                            std::string_view, std::string_view, std::string_view),
-                       void (Slip::*load)(std::string_view, std::string_view, std::string_view, std::int16_t,
-                                          std::int16_t, std::int16_t, std::string_view, std::string_view,
-                                          std::string_view, std::string_view, Date),
-                       void (Slip::*remove)(std::string_view, std::string_view, std::string_view, std::int16_t,
-                                            std::int16_t, std::int16_t, std::string_view, std::string_view),
-                       const char* form, const char* document) {
+void makeLoadAndDelete(slips::CreateOperation Slip::*create, slips::LoadOperation Slip::*load,
+                       slips::DeleteOperation Slip::*remove, const char* form, const char* document) {
   SlipStore store;
   CapturedMessages messages;
   Slip slip;

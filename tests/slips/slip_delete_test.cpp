@@ -1,4 +1,5 @@
 #include "tests/slips/slip_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -126,6 +127,17 @@ TEST_F(SlipDelete, InItsBareFormRemovesTheRowAlone) {
   EXPECT_EQ(store.ofReturn({"B43", "C3"}), "1000;1");
   slip.pDelete("", "F113309", "02", 1, 2009, 0, "000001/PPH4", "113", "", "", "", Date());
   EXPECT_TRUE(messages.empty());
+}
+
+// The list before the return: its failures show first.
+TEST_F(SlipDelete, RecountsTheListBeforeItMovesTheReturn) {
+  addSlip("000001/PPH4", 1000);
+  store.run("DELETE * FROM DS_FORM_INDUK WHERE KD_FORM = 'D113206'");
+  refuseWrites(store.path(), "UPDATE", "DS_FORM_INDUK");
+  removeSlip("000001/PPH4");
+  ASSERT_GE(messages.texts().size(), 2U);
+  EXPECT_THAT(messages.texts().front(), testing::Not(testing::HasSubstr("refused")));
+  EXPECT_THAT(messages.texts().back(), testing::HasSubstr("refused"));
 }
 
 TEST_F(SlipDelete, WithoutAListHeaderStillMovesTheReturn) {

@@ -332,6 +332,72 @@ TEST_F(SlipSave, WithANullPayeeLeavesTheListAlone) {
   EXPECT_EQ(store.ofReturn({"B43", "C3"}), "1000;1");
 }
 
+// A text that cannot be packed is all that is told, also where the row could not be looked for.
+TEST_F(SlipSave, IsPackedBeforeTheStoreIsAsked) {
+  CF113309 slip;
+  begin(slip, "000001/PPH4");
+  slip.aNMWPLT("a;b");
+  store::setField(slip.rs4_2Form(), "npwp", "x'y");
+  slip.pHitPjk(1);
+  slip.pUpdate();
+  ASSERT_EQ(messages.texts().size(), 1U);
+  EXPECT_THAT(messages.texts().front(), testing::HasSubstr("NMWPLT"));
+}
+
+// The number memory comes between the stored row and the list. What fails in it keeps neither from going on.
+TEST_F(SlipSave, MovesTheNumberMemoryBehindItsRowAndBeforeTheList) {
+  store.run("INSERT INTO SETTING_NOBUKTI_PPH VALUES (4, '/PPH4', 'abc')");
+  CF113309 slip;
+  begin(slip, "000001/PPH4");
+  slip.aB14(25);
+  slip.aB13(1000);
+  slip.aNMWPLT("Ma'ruf");
+  slip.pHitPjk(1);
+  slip.pUpdate();
+  ASSERT_EQ(messages.texts().size(), 2U);
+  EXPECT_EQ(messages.texts().front(), "Type mismatch");
+  EXPECT_THAT(messages.texts().back(), testing::HasSubstr("Syntax error"));
+  EXPECT_EQ(column("Total_Bruto"), "1000");
+  EXPECT_EQ(store.ofReturn({"B43", "C3"}), "1000;1");
+}
+
+// The return is normalised behind all that the slip moves in it and before it is stored: fractions of a line are cut,
+// and its sums count what was cut.
+TEST_F(SlipSave, NormalisesTheReturnBeforeItIsStored) {
+  CF113204 mainReturn;
+  mainReturn.pGetF113204("", "", "01", 1, 2009, 0, "", "113");
+  mainReturn.aB43(0.75);
+  mainReturn.pUpdate();
+  addSlip("000001/PPH4", 1000);
+  EXPECT_EQ(store.ofReturn({"B43", "B45", "JMLPHSL", "JmlB5"}), "1000;250;1000;250");
+}
+
+// A count below 0 before is 0 behind a delete, and an edit leaves it, together with the marks that follow from it.
+TEST_F(SlipSave, LeavesTheCountToAddsAndDeletes) {
+  addSlip("000001/PPH4", 1000);
+  CF113204 mainReturn;
+  mainReturn.pGetF113204("", "", "01", 1, 2009, 0, "", "113");
+  mainReturn.aC3(0);
+  mainReturn.pUpdate();
+  CF113309 slip;
+  beginEdit(slip, "000001/PPH4");
+  slip.pHitPjk(1);
+  slip.pUpdate();
+  EXPECT_EQ(store.ofReturn({"C3", "CHKC2", "CHKC3"}), "0;0;0");
+  beginEdit(slip, "000001/PPH4");
+  slip.pAssignStatus(true, true, true);
+  slip.pHitPjk(1);
+  slip.pUpdate();
+  EXPECT_EQ(store.ofReturn({"B43", "C3", "CHKC2", "CHKC3"}), "1000;1;1;1");
+  // Edited and deleted at once it is counted off, while its line moves by the difference.
+  beginEdit(slip, "000001/PPH4");
+  slip.pAssignStatus(false, true, true);
+  slip.aB13(1500);
+  slip.pHitPjk(1);
+  slip.pUpdate();
+  EXPECT_EQ(store.ofReturn({"B43", "C3", "CHKC2", "CHKC3"}), "1500;0;0;0");
+}
+
 TEST_F(SlipSave, WithoutALoadedRowFails) {
   CF113309 slip;
   slip.pUpdate();
