@@ -53,6 +53,7 @@ std::vector<InputField> askedFields(const slips::SlipFrame& slip) {
 }
 
 bool isInterest(const SlipForm& form) { return form.codes.kdForm == store::F113310.kdForm; }
+bool isConstruction(const SlipForm& form) { return form.codes.kdForm == store::F113316.kdForm; }
 bool isBond(const SlipForm& form) { return form.codes.kdForm == store::F113317.kdForm; }
 
 bool isSame(const Variant& left, const Variant& right) {
@@ -102,6 +103,13 @@ bool movesInterest(const InputValues& values) {
   constexpr std::array<std::string_view, 4> inputs = {"b1", "d1", "HoldingPeriode", "TimePeriode"};
   return std::any_of(inputs.begin(), inputs.end(),
                      [&](std::string_view input) { return findValue(values, input) != nullptr; });
+}
+
+/// A row of planning or supervision of which nobody says which it is, is neither. A save could not tell it from a
+/// failure.
+void chooseServices(slips::SlipFrame& slip) {
+  for (const std::string_view option : {"Opt4", "Opt5"})
+    if (slip.get(option).isNull()) slip.put(option, std::int16_t{0});
 }
 
 void requireOptions(const InputValues& values) {
@@ -216,6 +224,7 @@ void SlipEditor::load(const std::string& number) {
 /// stands.
 void SlipEditor::apply(const InputValues& values) {
   const Messages messages;
+  if (isConstruction(form_)) chooseServices(*slip_);
   if (isBond(form_)) interestBefore_ = CDbl(slip_->get("k2"));
   // While there is no time period the interest of a bond is 0; it is computed anew when the periods are written again.
   const InputValue* interest = isBond(form_) ? findValue(values, "k2") : nullptr;
