@@ -72,6 +72,8 @@ struct FormCase {
   Call remove;
 };
 
+void PrintTo(const FormCase& form, std::ostream* out) { *out << form.form; }
+
 template <class Slip, class Delete>
 FormCase formCase(const char* form, const char* document, slips::LoadOperation Slip::*load, const Delete& remove) {
   return {.form = form,

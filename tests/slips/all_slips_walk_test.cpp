@@ -1,9 +1,7 @@
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <map>
 #include <memory>
-#include <random>
 #include <set>
 
 #include "tarvola/runtime/text_forms.h"
@@ -12,6 +10,7 @@
 #include "tarvola/slips/slip_descriptions.h"
 #include "tarvola/store/form_layouts.h"
 #include "tests/slips/slip_store.h"
+#include "tests/support/random_walk.h"
 
 // Random slips of all nine forms in several periods and corrections, against a model that knows nothing but sums.
 //
@@ -25,13 +24,6 @@
 // which no model of sums can tell; amounts below zero on interest that is deleted.
 namespace tarvola::test {
 namespace {
-
-unsigned seedOfThisRun() {
-  const char* given = std::getenv("TARVOLA_SEED");
-  return given != nullptr ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-}
-
-using Random = std::mt19937;
 
 int pick(Random& random, int first, int last) { return std::uniform_int_distribution<int>(first, last)(random); }
 double someAmount(Random& random) {

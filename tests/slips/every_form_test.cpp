@@ -27,6 +27,8 @@ struct Form {
   const char* listDateOfNoDate = "awal Januari";
 };
 
+void PrintTo(const Form& form, std::ostream* out) { *out << form.kdForm; }
+
 const std::vector<Form> forms = {
     {.kdForm = "F113309", .jenisDokumen = "02", .tariff = "B14", .gross = "B13", .lineGross = "B43", .lineTax = "B45"},
     {.kdForm = "F113310",

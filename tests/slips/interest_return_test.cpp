@@ -16,6 +16,14 @@ class InterestReturn : public testing::Test {
     slip.aB63(other);
     save(slip);
   }
+  /// A slip of one domestic deposit at 20 percent, normalised and written to the list of interest.
+  static void listDeposit(CF113310& slip, double grossRupiah) {
+    startSlip(slip, number);
+    slip.getTaxRate();
+    slip.aB1a3(grossRupiah);
+    slip.pHitPjk(1);
+    slip.pInsert_D113210();
+  }
   void remove(std::string_view slipNumber) const {
     CF113310 slip;
     slip.pDeleteF113310(filerNpwp, "F113310", "03", 1, 2009, 0, slipNumber, "113");
@@ -279,11 +287,7 @@ TEST_F(InterestReturn, WritesTheLinesOfASlip) {
 
 TEST_F(InterestReturn, ReplacesTheLinesOfASlip) {
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   slip.aB1a3(400);
   slip.pInsert_D113210();
   EXPECT_EQ(store.lines(), std::vector<std::string>{"DN|DN|400|20|80"});
@@ -398,11 +402,7 @@ TEST_F(InterestReturn, CutsTheSumsOfALine) {
 
 TEST_F(InterestReturn, DeletesTheLinesOfASlip) {
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   CF113310 other;
   startSlip(other, "000002/PPH4");
   other.getTaxRate();
@@ -418,11 +418,7 @@ TEST_F(InterestReturn, DeletesTheLinesOfASlip) {
 // A new number does not find the old lines.
 TEST_F(InterestReturn, LeavesTheLinesOfAnOldNumberBehind) {
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   slip.aNoBukti("000009/PPH4");
   slip.pInsert_D113210();
   EXPECT_EQ(store.lines().size(), 2U);
@@ -444,22 +440,14 @@ TEST_F(InterestReturn, CountsThePeriodsLinesWhoeverTheFiler) {
   store.run(
       "INSERT INTO D113210 VALUES ('other', 'n', 'a', 1, 2009, 0, '05/01/2009', '7', 'DN', '', 50, 20, 10, '', 0)");
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   EXPECT_EQ(store.interestSums(), "2;1050;210;0;0;0;0;0;0;0;0;0;2;1050;210");
 }
 
 TEST_F(InterestReturn, AddsNoHeaderToTheListOfInterest) {
   store.run("DELETE * FROM DS_FORM_INDUK WHERE KD_FORM = 'D113210'");
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   EXPECT_EQ(store.row("SELECT * FROM DS_FORM_INDUK WHERE KD_FORM = 'D113210'"), "none");
   EXPECT_EQ(store.lines().size(), 1U);
   EXPECT_TRUE(messages.empty());
@@ -475,11 +463,7 @@ TEST_F(InterestReturn, WithoutASlipHasNoLinesToWrite) {
 // The old lines go first: what cannot be worked out behind that leaves none.
 TEST_F(InterestReturn, DeletesTheOldLinesBeforeItWorksOutTheNewOnes) {
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   slip.aB33(500);
   store::setField(slip.rs4_2Form(), "B34", Variant::null());
   slip.pInsert_D113210();
@@ -509,11 +493,7 @@ TEST_F(InterestReturn, WritesItsLinesOneByOne) {
 
 TEST_F(InterestReturn, WithAnApostropheInThePayeeChangesNoLine) {
   CF113310 slip;
-  startSlip(slip, number);
-  slip.getTaxRate();
-  slip.aB1a3(1000);
-  slip.pHitPjk(1);
-  slip.pInsert_D113210();
+  listDeposit(slip, 1000);
   for (const auto* field : {"NPWPLT", "NMWPLT", "ALMLT", "NoBukti"}) {
     const Variant before = slip.get(field);
     messages.clear();

@@ -1,21 +1,13 @@
 #include <array>
 #include <cmath>
 #include <map>
-#include <random>
 
 #include "tarvola/runtime/text_forms.h"
 #include "tests/slips/slip_store.h"
+#include "tests/support/random_walk.h"
 
 namespace tarvola::test {
 namespace {
-
-/// A seed that a failing run prints and that TARVOLA_SEED sets.
-unsigned seedOfThisRun() {
-  const char* given = std::getenv("TARVOLA_SEED");
-  return given != nullptr ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-}
-
-using Random = std::mt19937;
 
 double amountUpTo(Random& random, int limit) {
   return std::uniform_int_distribution<int>(0, limit * 100)(random) / 100.0;
