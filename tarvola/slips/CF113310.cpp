@@ -165,9 +165,8 @@ void CF113310::moveSide(const RecordsetPtr& returnRow, const ReturnLine& line, c
 /// The text line keeps its text only while it stands for several slips and still holds something: with "Deposito" in
 /// it, deleting any interest slip empties the text, whatever is left in the amounts.
 ///
-/// It looks at nothing but the mark of deletion: a slip that is saved as edited and deleted at once is taken from SBI,
-/// giro and other interest with its old amounts and then added with the difference, while its sides only move by the
-/// difference.
+/// The mark of deletion alone leads here: a slip that is saved as edited and deleted at once is taken from SBI, giro
+/// and other interest with its old amounts and then added with the difference, while its sides move by the difference.
 void CF113310::takeFromReturn(CF113204& mainReturn) const {
   const auto lines = description().returnLines;
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
