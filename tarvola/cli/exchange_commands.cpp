@@ -7,7 +7,10 @@
 #include <ostream>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/failure.h"
+#include "tarvola/cli/selfpaid_editor.h"
+#include "tarvola/cli/slip_forms.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/cli/terminal.h"
 #include "tarvola/tarvola.h"
@@ -135,11 +138,24 @@ void requireDocuments(const Period& period) {
                          " holds no slips and no self-paid forms; there is nothing to export.");
 }
 
+/// A damaged document would leave the store without its figures, and no import would take it back.
+void requireWholeDocuments(const Period& period) {
+  std::vector<std::string> all;
+  const auto add = [&](const store::FormCodes& form) {
+    const std::vector<std::string> faults = packedFaults(form, period);
+    all.insert(all.end(), faults.begin(), faults.end());
+  };
+  for (const SlipForm& form : slipForms) add(form.codes);
+  for (const SelfPaidForm& form : selfPaidForms()) add(form.codes);
+  requireWhole(all, "Nothing was exported.");
+}
+
 void exportFile(const ExportOptions& options, const Context& context) {
   context.connect();
   const Period period = context.period();
   requireReplaceable(options);
   requireDocuments(period);
+  requireWholeDocuments(period);
   const ProgressLine progress;
   const Messages messages;
   CEksporBP().pEksporPPh("", 4, std::to_string(period.month), std::to_string(period.year), period.correction,
@@ -156,21 +172,21 @@ void exportFile(const ExportOptions& options, const Context& context) {
 
 void addExchangeCommands(CLI::App& app, Context& context, int& exitCode) {
   auto importing = std::make_shared<ImportOptions>();
-  CLI::App* import = app.add_subcommand("import", "Take a slip exchange file into a return");
-  import->group(groups::exchange);
-  import->add_option("FILE", importing->file, "The exchange file")->required();
-  import->add_option("--rejects", importing->rejects, "Where refused lines go (beside the file as FILE.rejected.csv)");
-  addPeriodOptions(*import, context);
-  import->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context);
-});
+  CLI::App* importCommand = app.add_subcommand("import", "Take a slip exchange file into a return");
+  importCommand->group(groups::exchange);
+  importCommand->add_option("FILE", importing->file, "The exchange file")->required();
+  importCommand->add_option("--rejects", importing->rejects,
+                            "Where refused lines go (beside the file as FILE.rejected.csv)");
+  addPeriodOptions(*importCommand, context);
+  importCommand->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context); });
 
-auto exporting = std::make_shared<ExportOptions>();
-CLI::App* exportCommand = app.add_subcommand("export", "Write a return to a slip exchange file");
-exportCommand->group(groups::exchange);
-exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
-exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
-addPeriodOptions(*exportCommand, context);
-exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
-}  // namespace tarvola::cli
+  auto exporting = std::make_shared<ExportOptions>();
+  CLI::App* exportCommand = app.add_subcommand("export", "Write a return to a slip exchange file");
+  exportCommand->group(groups::exchange);
+  exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
+  exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
+  addPeriodOptions(*exportCommand, context);
+  exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
+}
 
 }  // namespace tarvola::cli
