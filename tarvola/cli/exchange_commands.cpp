@@ -74,26 +74,37 @@ void requireRebuilt(const SlipFileImportResult& result) {
   throw CommandFailure(all + "\nMend the document that the message names, then: tarvola return recount");
 }
 
+SlipFileImportResult takeFile(const SlipFileImport& order) {
+  try {
+    return importSlipFile(order);
+  } catch (const RunTimeError& failure) {
+    if (failure.number() != static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat)) throw;
+    throw CommandFailure(failure.description() + ".\nName a file with the columns that 'tarvola export' writes.");
+  }
+}
+
 int importFile(const ImportOptions& options, const Context& context) {
   context.connect();
   const Period period = context.period();
   if (!fs::exists(options.file))
     throw CommandFailure("There is no file " + options.file + ".\nName the exchange file.");
+  if (fs::is_directory(options.file))
+    throw CommandFailure(options.file + " is a folder, not a file.\nName the exchange file.");
   const std::string rejects = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects;
   const ProgressLine progress;
-  const SlipFileImportResult result = importSlipFile({.path = options.file,
-                                                      .month = period.month,
-                                                      .year = period.year,
-                                                      .correction = period.correction,
-                                                      .rejectPath = rejects});
+  const SlipFileImportResult result = takeFile({.path = options.file,
+                                                .month = period.month,
+                                                .year = period.year,
+                                                .correction = period.correction,
+                                                .rejectPath = rejects});
   if (context.json)
     context.out << asJson(result, rejects).dump(2) << '\n';
   else
     printAccount(result, period, context.out);
   if (result.refused > 0 && !context.json) printRefused(result, rejects, context.err);
   if (result.likeUtf8 > 0)
-    context.err << grouped(result.likeUtf8)
-                << " lines look like UTF-8 in a file that does not say so: check the names in them.\n";
+    context.err << grouped(result.likeUtf8) << (result.likeUtf8 == 1 ? " line looks" : " lines look")
+                << " like UTF-8 in a file that does not say so: check the names in them.\n";
   for (const std::string& warning : result.rebuildWarnings) context.err << "Note: " << warning << '\n';
   requireRebuilt(result);
   return result.refused > 0 ? Refused : Done;
