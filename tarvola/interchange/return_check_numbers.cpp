@@ -53,6 +53,7 @@ std::string listed(const std::vector<Holder>& holders) {
 /// A number is unique within a year and a correction, whatever the form and the month.
 void checkDoubles(const CheckContext& context, const Holders& holders) {
   for (const auto& [number, ofYear] : holders) {
+    if (ofYear.size() < 2) continue;
     std::vector<Holder> all = ofYear;
     std::erase_if(all, [&](const Holder& holder) { return holder.correction != context.period.kdPembetulanKe; });
     const bool isOfPeriod = std::any_of(all.begin(), all.end(),
