@@ -43,12 +43,16 @@ void requireHeader(const Period& period, const store::FormCodes& list) {
                        ".\nMake it with: tarvola return recount");
 }
 
-RecordsetPtr expandedDocuments(const store::FormCodes& form, const Period& period, std::string_view number) {
+RecordsetPtr storedDocuments(const store::FormCodes& form, const Period& period, std::string_view number) {
   Statement select("SELECT * FROM ");
   select << store::name(store::tableName(form.table)) << " WHERE KD_FORM = " << store::text(form.kdForm) << " AND "
          << store::periodCondition(storePeriod(period)) << " AND KD_JENIS_PAJAK = " << store::text(store::taxKind);
   if (!number.empty()) select << " AND NOBUKTI = " << store::text(number);
-  return DatFormConverter().ExpandDatForm(form.kdForm, rowsOf(select));
+  return rowsOf(select);
+}
+
+RecordsetPtr expandedDocuments(const store::FormCodes& form, const Period& period, std::string_view number) {
+  return DatFormConverter().ExpandDatForm(form.kdForm, storedDocuments(form, period, number));
 }
 
 std::string fieldText(const RecordsetPtr& row, std::string_view name) {

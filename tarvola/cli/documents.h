@@ -22,7 +22,9 @@ void requireReturn(const Period& period);
 /// the list.
 void requireHeader(const Period& period, const store::FormCodes& list);
 
-/// The documents of a form in a return, or the one of a number, as named fields.
+/// The documents of a form in a return, or those of a number, as they are stored.
+RecordsetPtr storedDocuments(const store::FormCodes& form, const Period& period, std::string_view number = {});
+/// The same as named fields.
 RecordsetPtr expandedDocuments(const store::FormCodes& form, const Period& period, std::string_view number = {});
 
 /// The value of a field as text; "" for Null.

@@ -7,7 +7,10 @@
 #include <ostream>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/failure.h"
+#include "tarvola/cli/selfpaid_editor.h"
+#include "tarvola/cli/slip_forms.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/cli/terminal.h"
 #include "tarvola/tarvola.h"
@@ -71,26 +74,37 @@ void requireRebuilt(const SlipFileImportResult& result) {
   throw CommandFailure(all + "\nMend the document that the message names, then: tarvola return recount");
 }
 
+SlipFileImportResult takeFile(const SlipFileImport& order) {
+  try {
+    return importSlipFile(order);
+  } catch (const RunTimeError& failure) {
+    if (failure.number() != static_cast<std::int32_t>(ErrorNumber::InvalidFileFormat)) throw;
+    throw CommandFailure(failure.description() + ".\nName a file with the columns that 'tarvola export' writes.");
+  }
+}
+
 int importFile(const ImportOptions& options, const Context& context) {
   context.connect();
   const Period period = context.period();
   if (!fs::exists(options.file))
     throw CommandFailure("There is no file " + options.file + ".\nName the exchange file.");
+  if (fs::is_directory(options.file))
+    throw CommandFailure(options.file + " is a folder, not a file.\nName the exchange file.");
   const std::string rejects = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects;
   const ProgressLine progress;
-  const SlipFileImportResult result = importSlipFile({.path = options.file,
-                                                      .month = period.month,
-                                                      .year = period.year,
-                                                      .correction = period.correction,
-                                                      .rejectPath = rejects});
+  const SlipFileImportResult result = takeFile({.path = options.file,
+                                                .month = period.month,
+                                                .year = period.year,
+                                                .correction = period.correction,
+                                                .rejectPath = rejects});
   if (context.json)
     context.out << asJson(result, rejects).dump(2) << '\n';
   else
     printAccount(result, period, context.out);
   if (result.refused > 0 && !context.json) printRefused(result, rejects, context.err);
   if (result.likeUtf8 > 0)
-    context.err << grouped(result.likeUtf8)
-                << " lines look like UTF-8 in a file that does not say so: check the names in them.\n";
+    context.err << grouped(result.likeUtf8) << (result.likeUtf8 == 1 ? " line looks" : " lines look")
+                << " like UTF-8 in a file that does not say so: check the names in them.\n";
   for (const std::string& warning : result.rebuildWarnings) context.err << "Note: " << warning << '\n';
   requireRebuilt(result);
   return result.refused > 0 ? Refused : Done;
@@ -135,11 +149,24 @@ void requireDocuments(const Period& period) {
                          " holds no slips and no self-paid forms; there is nothing to export.");
 }
 
+/// A damaged document would leave the store without its figures, and no import would take it back.
+void requireWholeDocuments(const Period& period) {
+  std::vector<std::string> all;
+  const auto add = [&](const store::FormCodes& form) {
+    const std::vector<std::string> faults = packedFaults(form, period);
+    all.insert(all.end(), faults.begin(), faults.end());
+  };
+  for (const SlipForm& form : slipForms) add(form.codes);
+  for (const SelfPaidForm& form : selfPaidForms()) add(form.codes);
+  requireWhole(all, "Nothing was exported.");
+}
+
 void exportFile(const ExportOptions& options, const Context& context) {
   context.connect();
   const Period period = context.period();
   requireReplaceable(options);
   requireDocuments(period);
+  requireWholeDocuments(period);
   const ProgressLine progress;
   const Messages messages;
   CEksporBP().pEksporPPh("", 4, std::to_string(period.month), std::to_string(period.year), period.correction,
@@ -156,21 +183,21 @@ void exportFile(const ExportOptions& options, const Context& context) {
 
 void addExchangeCommands(CLI::App& app, Context& context, int& exitCode) {
   auto importing = std::make_shared<ImportOptions>();
-  CLI::App* import = app.add_subcommand("import", "Take a slip exchange file into a return");
-  import->group(groups::exchange);
-  import->add_option("FILE", importing->file, "The exchange file")->required();
-  import->add_option("--rejects", importing->rejects, "Where refused lines go (beside the file as FILE.rejected.csv)");
-  addPeriodOptions(*import, context);
-  import->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context);
-});
+  CLI::App* importCommand = app.add_subcommand("import", "Take a slip exchange file into a return");
+  importCommand->group(groups::exchange);
+  importCommand->add_option("FILE", importing->file, "The exchange file")->required();
+  importCommand->add_option("--rejects", importing->rejects,
+                            "Where refused lines go (beside the file as FILE.rejected.csv)");
+  addPeriodOptions(*importCommand, context);
+  importCommand->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context); });
 
-auto exporting = std::make_shared<ExportOptions>();
-CLI::App* exportCommand = app.add_subcommand("export", "Write a return to a slip exchange file");
-exportCommand->group(groups::exchange);
-exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
-exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
-addPeriodOptions(*exportCommand, context);
-exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
-}  // namespace tarvola::cli
+  auto exporting = std::make_shared<ExportOptions>();
+  CLI::App* exportCommand = app.add_subcommand("export", "Write a return to a slip exchange file");
+  exportCommand->group(groups::exchange);
+  exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
+  exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
+  addPeriodOptions(*exportCommand, context);
+  exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
+}
 
 }  // namespace tarvola::cli

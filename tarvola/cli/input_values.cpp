@@ -168,6 +168,13 @@ InputValues merged(InputValues fromFile, const InputValues& assigned) {
   return fromFile;
 }
 
+void requirePlausibleTax(std::string_view field, double grossRupiah, double taxRupiah) {
+  if (grossRupiah == 0 || std::fabs(taxRupiah) <= std::fabs(grossRupiah)) return;
+  const auto rupiahText = [](double value) { return Format(value, "#,##0"); };
+  refuse(std::string(field), "a tax of " + rupiahText(taxRupiah) + " on a gross of " + rupiahText(grossRupiah) + ".",
+         "The tax is a part of the gross; see whether one of them has a digit too few or too many.");
+}
+
 nlohmann::ordered_json readJsonObject(const std::string& path) {
   try {
     nlohmann::ordered_json data = nlohmann::ordered_json::parse(readFile(path));

@@ -53,6 +53,10 @@ InputValues merged(InputValues fromFile, const InputValues& assigned);
 /// The value of a name, nullptr if it was not given.
 const InputValue* findValue(const InputValues& values, std::string_view name);
 
+/// Fails if a tax is more than the gross that it is taken from: a digit too few or too many, which can make a rate that
+/// the return cannot hold. A tax without a gross passes.
+void requirePlausibleTax(std::string_view field, double grossRupiah, double taxRupiah);
+
 /// The whole content of a JSON file, which must be one object.
 nlohmann::ordered_json readJsonObject(const std::string& path);
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/table.h"
@@ -107,8 +108,8 @@ const ShownList& requireList(std::string_view code) {
   throw CommandFailure("There is no list \"" + std::string(code) + "\".\nThere are: " + known + ".", Usage);
 }
 
-/// The rows of a list in the order of their numbers. The first collection holds them all.
-RecordsetPtr rowsOf(const ShownList& list, const Period& period) {
+/// The rows of a list in the order of their numbers, as they are stored. The first collection holds them all.
+RecordsetPtr storedRowsOf(const ShownList& list, const Period& period) {
   CGeneralClass general;
   store::Statement select("SELECT * FROM ");
   select << store::name(list.table) << " WHERE " << store::periodCondition(storePeriod(period));
@@ -118,7 +119,20 @@ RecordsetPtr rowsOf(const ShownList& list, const Period& period) {
     select << " AND KD_FORM = " << store::text(list.codes.kdForm) << " AND COLLNO = 0 ORDER BY SEQ";
   const RecordsetPtr rows = general.pGetRecordDbase(select.str());
   if (rows == nullptr) throw CommandFailure("The rows of " + std::string(list.codes.kdForm) + " could not be read.");
+  return rows;
+}
+
+RecordsetPtr rowsOf(const ShownList& list, const Period& period) {
+  const RecordsetPtr rows = storedRowsOf(list, period);
   return list.rowsCode.empty() ? rows : DatFormConverter().ExpandDatForm(list.rowsCode, rows);
+}
+
+std::vector<std::string> faultsOf(const ShownList& list, const Period& period) {
+  std::vector<std::string> all = packedFaults(list.codes, period, store::headerNumber);
+  if (list.rowsCode.empty()) return all;
+  const std::vector<std::string> ofRows = packedFaults(list.rowsCode, list.codes.kdForm, storedRowsOf(list, period));
+  all.insert(all.end(), ofRows.begin(), ofRows.end());
+  return all;
 }
 
 std::string shown(const RecordsetPtr& row, const Column& column) {
@@ -192,9 +206,13 @@ void showList(const std::string& code, bool csv, const Context& context) {
   requireHeader(period, list.codes);
   const RecordsetPtr header = expandedDocuments(list.codes, period, store::headerNumber);
   const RecordsetPtr rows = rowsOf(list, period);
-  if (context.json) return printJson(list, period, header, rows, context.out);
-  if (csv) return printCsv(list, rows, context.out);
-  printTable(list, period, header, rows, context);
+  if (context.json)
+    printJson(list, period, header, rows, context.out);
+  else if (csv)
+    printCsv(list, rows, context.out);
+  else
+    printTable(list, period, header, rows, context);
+  requireWhole(faultsOf(list, period), wrongFigures);
 }
 
 }  // namespace

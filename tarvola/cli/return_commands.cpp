@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/filer.h"
@@ -123,6 +124,8 @@ void showReturn(const Context& context, bool csv) {
   context.connect();
   const Period period = context.period();
   requireReturn(period);
+  requireWhole(packedFaults(store::F113204, period),
+               "Its lines cannot be shown; tarvola return recount rebuilds what the documents give.");
   const ReturnFields fields(period);
   if (context.json)
     printJson(fields, period, context.out);
@@ -154,7 +157,8 @@ void recountReturn(const Context& context) {
   const RebuildOutcome rebuilt = rebuildReturn(period.month, period.year, period.correction);
   for (const std::string& warning : rebuilt.warnings) context.err << "Note: " << warning << '\n';
   if (!rebuilt.failures.empty())
-    throw CommandFailure("The return " + period.text() + " could not be recounted: " + rebuilt.failures.front());
+    throw CommandFailure("The return " + period.text() + " could not be recounted: " + rebuilt.failures.front() +
+                         "\nSee which document stops it with: tarvola return check");
   context.out << "Recounted the return " << period.text() << " from its documents.\n";
 }
 

@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "tarvola/cli/commands.h"
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/given_document.h"
@@ -79,6 +80,16 @@ std::vector<StoredForm> readForms(const Period& period, const std::string& onlyF
     return std::tie(left.form, left.seq, left.ntpn) < std::tie(right.form, right.seq, right.ntpn);
   });
   return forms;
+}
+
+std::vector<std::string> faultsOf(const Period& period, const std::string& onlyForm) {
+  std::vector<std::string> all;
+  for (const SelfPaidForm& form : selfPaidForms()) {
+    if (!onlyForm.empty() && &form != &requireSelfPaidForm(onlyForm)) continue;
+    const std::vector<std::string> faults = packedFaults(form.codes, period);
+    all.insert(all.end(), faults.begin(), faults.end());
+  }
+  return all;
 }
 
 StoredForm readOne(const SelfPaidForm& form, const Period& period, const std::string& ntpn, double seq) {
@@ -274,6 +285,13 @@ void showForm(const SelfPaidOptions& options, const Context& context) {
     context.out << asJson(stored, ground.period).dump(2) << '\n';
   else
     printOne(stored, ground.period, context.out);
+  requireWhole(packedFaults(ground.form.codes, ground.period, options.ntpn), wrongFigures);
+}
+
+void printListJson(const std::vector<StoredForm>& forms, const Period& period, std::ostream& out) {
+  Json list = Json::array();
+  for (const StoredForm& each : forms) list.push_back(asJson(each, period));
+  out << list.dump(2) << '\n';
 }
 
 void listForms(const SelfPaidOptions& options, const Context& context) {
@@ -281,11 +299,13 @@ void listForms(const SelfPaidOptions& options, const Context& context) {
   const Period period = context.period();
   requireReturn(period);
   const std::vector<StoredForm> forms = readForms(period, options.form);
-  if (options.csv) return printListCsv(forms, context.out);
-  if (!context.json) return printList(forms, period, context);
-  Json list = Json::array();
-  for (const StoredForm& each : forms) list.push_back(asJson(each, period));
-  context.out << list.dump(2) << '\n';
+  if (context.json)
+    printListJson(forms, period, context.out);
+  else if (options.csv)
+    printListCsv(forms, context.out);
+  else
+    printList(forms, period, context);
+  requireWhole(faultsOf(period, options.form), wrongFigures);
 }
 
 // --- their options -----------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/selfpaid_handle.h"
@@ -156,11 +157,25 @@ void SelfPaidEditor::apply(const InputValues& values) {
   handle_->frame().pHitPjk(1);
 }
 
+void SelfPaidEditor::requirePlausible(const std::string& ntpn, double seq, const InputValues& values) const {
+  const RecordsetPtr stored = expandedDocuments(form_.codes, period_, ntpn);
+  while (!stored->get_EOF() && fieldNumber(stored, "SEQ") != seq) stored->MoveNext();
+  const auto amount = [&](std::string_view field) {
+    const InputValue* value = findValue(values, field);
+    if (value != nullptr) return CDbl(value->value);
+    return stored->get_EOF() ? 0.0 : fieldNumber(stored, field);
+  };
+  for (std::size_t i = 0; i < form_.gross.size(); ++i)
+    requirePlausibleTax(form_.tax[i], amount(form_.gross[i]), amount(form_.tax[i]));
+}
+
 void SelfPaidEditor::add(const std::string& ntpn, double seq, const std::string& date, const InputValues& values) {
+  requireWhole(packedFaults(form_.codes, period_, ntpn), "No form is added beside it; remove it and enter it anew.");
   const std::vector<double> seqs = seqsOf(ntpn);
   if (std::count(seqs.begin(), seqs.end(), seq) > 0)
     throw CommandFailure("Payment " + ntpn + " stands on a form with SEQ " + seqText(seq) +
                          " already.\nThe next free SEQ is " + seqText(nextSeq()) + ".");
+  requirePlausible(ntpn, seq, values);
   const Messages messages;
   try {
     begin(ntpn, date);
@@ -170,17 +185,17 @@ void SelfPaidEditor::add(const std::string& ntpn, double seq, const std::string&
     handle_->frame().pUpdate();
     messages.throwIfAny();
   } catch (const CommandFailure& failure) {
-    takeBack(ntpn, seq, failure.what());
+    takeBack(ntpn, seq, seqs.empty(), failure.what());
   }
 }
 
-/// Takes a new form out again whose save failed, wherever it failed.
-void SelfPaidEditor::takeBack(const std::string& ntpn, double seq, const std::string& reason) {
+/// Takes a new form out again whose save failed, wherever it failed. If it is the first of its payment, all that the
+/// payment has is of it; a form that the payment stood on before stays.
+void SelfPaidEditor::takeBack(const std::string& ntpn, double seq, bool isFirst, const std::string& reason) {
   const Messages messages;
   std::unique_ptr<Handle> fresh = makeHandle(form_);
   const std::vector<double> seqs = seqsOf(ntpn);
-  const bool isAlone = seqs.size() == 1 && (seqs.front() == seq || seqs.front() == 0);
-  if (isAlone)
+  if (isFirst)
     fresh->frame().pDelete(readFiler().npwp, form_.codes.kdForm, form_.codes.jenisDokumen, period_.month, period_.year,
                            period_.correction, ntpn, store::taxKind, "", "", today());
   else if (std::count(seqs.begin(), seqs.end(), seq) > 0)
@@ -196,7 +211,9 @@ void SelfPaidEditor::takeBack(const std::string& ntpn, double seq, const std::st
 
 void SelfPaidEditor::change(const std::string& ntpn, double seq, const std::string& newNtpn, const std::string& newDate,
                             const InputValues& values) {
+  requireWhole(packedFaults(form_.codes, period_, ntpn), "It cannot be changed; remove it and enter it anew.");
   requireDistinct(ntpn, seq);
+  requirePlausible(ntpn, seq, values);
   const Messages messages;
   selfpaid::SelfPaidFrame& frame = handle_->frame();
   frame.pGet("", form_.codes.kdForm, form_.codes.jenisDokumen, period_.month, period_.year, period_.correction, ntpn,
@@ -216,7 +233,39 @@ void SelfPaidEditor::change(const std::string& ntpn, double seq, const std::stri
         "\nBring lists and return in step with: tarvola return recount, and see: tarvola return check");
 }
 
+/// Whether the amounts of a form can be read, so that list and return can be moved by them.
+bool SelfPaidEditor::hasAmounts(const std::string& ntpn, double seq) const {
+  const auto isReadable = [](const RecordsetPtr& row, const std::vector<std::string_view>& fields) {
+    return std::all_of(fields.begin(), fields.end(),
+                       [&](std::string_view field) { return IsNumeric(row->get_Collect(field)); });
+  };
+  for (const RecordsetPtr rows = expandedDocuments(form_.codes, period_, ntpn); !rows->get_EOF(); rows->MoveNext())
+    if (fieldNumber(rows, "SEQ") == seq) return isReadable(rows, form_.gross) && isReadable(rows, form_.tax);
+  return false;
+}
+
+/// What a damaged form had in list and return cannot be read from it, nor which of its payment's list rows is its own.
+/// So it goes with all that the payment has, and list and return are recounted from what is left.
+void SelfPaidEditor::removeDamaged(const std::string& ntpn) {
+  if (seqsOf(ntpn).size() > 1)
+    throw CommandFailure("The form cannot be read, and payment " + ntpn +
+                         " stands on others as well.\nRemove those that can be read first.");
+  const Messages messages;
+  handle_->frame().pDelete(readFiler().npwp, form_.codes.kdForm, form_.codes.jenisDokumen, period_.month, period_.year,
+                           period_.correction, ntpn, store::taxKind, "", "", today());
+  CGeneralClass().pExecQuery((store::Statement("DELETE * FROM LAMPIRAN_SSP_PPh22 WHERE KD_FORM = ")
+                              << store::text(form_.list.kdForm) << " AND NOBUKTI = " << store::text(ntpn) << " AND "
+                              << store::periodCondition(storePeriod(period_)))
+                                 .str());
+  const RebuildOutcome rebuilt = rebuildReturn(period_.month, period_.year, period_.correction);
+  messages.throwIfAny();
+  if (!rebuilt.failures.empty())
+    throw CommandFailure("The form of payment " + ntpn + " is removed, but the return could not be recounted: " +
+                         rebuilt.failures.front() + "\nSee what is wrong with: tarvola return check");
+}
+
 void SelfPaidEditor::remove(const std::string& ntpn, double seq) {
+  if (!hasAmounts(ntpn, seq)) return removeDamaged(ntpn);
   requireDistinct(ntpn, seq);
   const Messages messages;
   handle_->frame().pDeleteForm(readFiler().npwp, form_.codes.kdForm, form_.codes.jenisDokumen, period_.month,

@@ -53,9 +53,13 @@ class SelfPaidEditor {
 
  private:
   void requireDistinct(const std::string& ntpn, double seq) const;
+  /// Fails if a tax would be more than its gross, given or stored.
+  void requirePlausible(const std::string& ntpn, double seq, const InputValues& values) const;
   void begin(const std::string& ntpn, const std::string& date);
   void apply(const InputValues& values);
-  void takeBack(const std::string& ntpn, double seq, const std::string& reason);
+  void takeBack(const std::string& ntpn, double seq, bool isFirst, const std::string& reason);
+  [[nodiscard]] bool hasAmounts(const std::string& ntpn, double seq) const;
+  void removeDamaged(const std::string& ntpn);
 
   const SelfPaidForm& form_;
   Period period_;

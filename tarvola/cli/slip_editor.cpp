@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/terminal.h"
@@ -259,6 +260,7 @@ void SlipEditor::requireSaneAmounts() const {
       throw CommandFailure(
           std::string(field) + ": the sum of the slip has more than 15 digits.\nAmounts are whole rupiah.", Usage);
   }
+  requirePlausibleTax(form_.tax, CDbl(slip_->get(form_.gross)), CDbl(slip_->get(form_.tax)));
 }
 
 void SlipEditor::noteDifferences(const InputValues& values) {
@@ -297,6 +299,7 @@ void SlipEditor::change(const std::string& number, const std::string& newNumber,
                         const InputValues& given) {
   const InputValues values = withOneSide(given);
   requireOptions(values);
+  requireWhole(packedFaults(form_.codes, period_, number), "It cannot be changed; remove it and enter it anew.");
   load(number);
   const Messages messages;
   slip_->pAssignOldValues();
@@ -331,14 +334,34 @@ void SlipEditor::save(const std::string& oldNumber, const std::string& newNumber
 /// Takes a new slip out again whose save failed, wherever it failed.
 void SlipEditor::takeBack(const std::string& number, const std::string& reason) {
   const Messages messages;
-  slip_->pDelete(filer_.npwp, form_.codes.kdForm, form_.codes.jenisDokumen, period_.month, period_.year,
-                 period_.correction, number, store::taxKind, "", "", "", today());
+  deleteRow(number);
   removeListRow(number);
   const RebuildOutcome rebuilt = rebuildReturn(period_.month, period_.year, period_.correction);
   if (messages.failures().empty() && rebuilt.failures.empty())
     throw CommandFailure("The slip was not saved: " + reason + "\nThe store holds nothing of it.");
   throw CommandFailure("The slip was not saved: " + reason +
                        "\nSee what the store holds of it with: tarvola return check");
+}
+
+/// What a damaged slip had in list and return cannot be read from it, so they are recounted from what is left.
+void SlipEditor::removeDamaged(const std::string& number) {
+  const Messages messages;
+  if (isInterest(form_))
+    CGeneralClass().pExecQuery((store::Statement("DELETE * FROM D113210 WHERE NOBUKTI = ")
+                                << store::text(number) << " AND " << store::periodCondition(storePeriod(period_)))
+                                   .str());
+  deleteRow(number);
+  removeListRow(number);
+  const RebuildOutcome rebuilt = rebuildReturn(period_.month, period_.year, period_.correction);
+  messages.throwIfAny();
+  if (!rebuilt.failures.empty())
+    throw CommandFailure("The slip " + number + " is removed, but the return could not be recounted: " +
+                         rebuilt.failures.front() + "\nSee what is wrong with: tarvola return check");
+}
+
+void SlipEditor::deleteRow(const std::string& number) {
+  slip_->pDelete(filer_.npwp, form_.codes.kdForm, form_.codes.jenisDokumen, period_.month, period_.year,
+                 period_.correction, number, store::taxKind, "", "", "", today());
 }
 
 /// A list row is found by its slip's number, so a slip that changes its number leaves the old one behind.
@@ -351,6 +374,7 @@ void SlipEditor::removeInterestLines() { dynamic_cast<CF113310&>(*slip_).pDelD11
 
 void SlipEditor::remove(const std::string& number) {
   load(number);
+  if (!packedFaults(form_.codes, period_, number).empty()) return removeDamaged(number);
   const Messages messages;
   if (isInterest(form_)) removeInterestLines();
   slip_->removeSlip(filer_.npwp, storePeriod(period_), number);

@@ -58,6 +58,8 @@ class SlipEditor {
   void noteDifferences(const InputValues& values);
   void save(const std::string& oldNumber, const std::string& newNumber);
   void takeBack(const std::string& number, const std::string& reason);
+  void removeDamaged(const std::string& number);
+  void deleteRow(const std::string& number);
   void removeListRow(const std::string& number) const;
   void addInterestLines();
   void removeInterestLines();

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <vector>
 
+#include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/filer.h"
@@ -97,6 +98,16 @@ std::vector<ListedSlip> slipsOf(const Period& period, const std::string& onlyFor
   std::stable_sort(slips.begin(), slips.end(),
                    [](const ListedSlip& left, const ListedSlip& right) { return left.number < right.number; });
   return slips;
+}
+
+std::vector<std::string> faultsOf(const Period& period, const std::string& onlyForm) {
+  std::vector<std::string> all;
+  for (const SlipForm& form : slipForms) {
+    if (!onlyForm.empty() && &form != &requireSlipForm(onlyForm)) continue;
+    const std::vector<std::string> faults = packedFaults(form.codes, period);
+    all.insert(all.end(), faults.begin(), faults.end());
+  }
+  return all;
 }
 
 struct Sums {
@@ -201,15 +212,22 @@ void showSlip(const Context& context, const SlipForm& form, const Period& period
   if (row->get_EOF())
     throw CommandFailure("There is no slip " + number + " of form " + std::string(form.codes.kdForm) +
                          " in the return " + period.text() + ".\nSee its slips with: tarvola slip list");
-  if (context.json) return printSlipJson(context, form, period, number, row);
-  printSlip(context, form, period, number, row);
+  if (context.json)
+    printSlipJson(context, form, period, number, row);
+  else
+    printSlip(context, form, period, number, row);
+  requireWhole(packedFaults(form.codes, period, number), wrongFigures);
 }
 
 void listSlips(const Context& context, const Period& period, const ListOptions& options) {
   const std::vector<ListedSlip> slips = slipsOf(period, options.form);
-  if (context.json) return printListJson(slips, period, context.out);
-  if (options.csv) return printListCsv(slips, context.out);
-  printListTable(slips, period, context);
+  if (context.json)
+    printListJson(slips, period, context.out);
+  else if (options.csv)
+    printListCsv(slips, context.out);
+  else
+    printListTable(slips, period, context);
+  requireWhole(faultsOf(period, options.form), wrongFigures);
 }
 
 void showRates(const Context& context, const std::string& form) {

@@ -23,21 +23,22 @@ bool isSlipForm(std::string_view kdForm) {
 struct Holder {
   std::string form;
   std::int16_t month = 0;
+  std::int16_t correction = 0;
 };
 
-/// The slips of a year and correction by their numbers, without regard to case, as the store compares them.
+/// The slips of a year, all corrections, by their numbers, without regard to case, as the store compares them.
 using Holders = std::map<std::string, std::vector<Holder>>;
 
 Holders holdersOf(const CheckContext& context) {
   Holders holders;
-  const RecordsetPtr rows =
-      context.store.execute(store::Statement("SELECT NOBUKTI, KD_FORM, MS_PAJAK FROM DS_FORM_INDUK WHERE TH_PAJAK = ")
-                            << std::int32_t{context.period.thPajak}
-                            << " AND KD_PEMBETULAN_KE = " << std::int32_t{context.period.kdPembetulanKe}
-                            << " AND KD_JENIS_PAJAK = " << store::text(store::taxKind));
+  const RecordsetPtr rows = context.store.execute(
+      store::Statement("SELECT NOBUKTI, KD_FORM, MS_PAJAK, KD_PEMBETULAN_KE FROM DS_FORM_INDUK WHERE TH_PAJAK = ")
+      << std::int32_t{context.period.thPajak} << " AND KD_JENIS_PAJAK = " << store::text(store::taxKind));
   for (; !rows->get_EOF(); rows->MoveNext()) {
     const std::string form = textOf(rows->cell(1));
-    if (isSlipForm(form)) holders[foldCase(textOf(rows->cell(0)))].push_back({form, CInt(rows->cell(2).toDouble())});
+    if (isSlipForm(form))
+      holders[foldCase(textOf(rows->cell(0)))].push_back(
+          {form, CInt(rows->cell(2).toDouble()), CInt(rows->cell(3).toDouble())});
   }
   return holders;
 }
@@ -51,7 +52,10 @@ std::string listed(const std::vector<Holder>& holders) {
 
 /// A number is unique within a year and a correction, whatever the form and the month.
 void checkDoubles(const CheckContext& context, const Holders& holders) {
-  for (const auto& [number, all] : holders) {
+  for (const auto& [number, ofYear] : holders) {
+    if (ofYear.size() < 2) continue;
+    std::vector<Holder> all = ofYear;
+    std::erase_if(all, [&](const Holder& holder) { return holder.correction != context.period.kdPembetulanKe; });
     const bool isOfPeriod = std::any_of(all.begin(), all.end(),
                                         [&](const Holder& holder) { return holder.month == context.period.msPajak; });
     if (all.size() < 2 || !isOfPeriod) continue;
@@ -100,7 +104,7 @@ void reportGap(const CheckContext& context, const Memory& memory, std::int32_t f
 }
 
 /// Numbers between the lowest of the year and the memory that no slip holds: removed slips, numbers typed over, and
-/// rows that were lost.
+/// rows that were lost. The memory is one for all corrections, so a number that any of them holds is not missing.
 void checkGaps(const CheckContext& context, const Holders& holders) {
   const std::optional<Memory> memory = readMemory(context);
   if (!memory) return;

@@ -63,7 +63,8 @@ void SlipFileReader::takeFirstLine(const std::string& path) {
     hasReasons_ = columns_.size() > columnCount;
     return;
   }
-  if (columns_.empty() || findImportForm(Trim(columns_.front())) == nullptr)
+  // By the bytes: a line that is too long or broken has no columns, and is still a line of its form.
+  if (findImportForm(Trim(bytes_.substr(0, bytes_.find(separator)))) == nullptr)
     fail(ErrorNumber::InvalidFileFormat, notAnExchangeFileText(path));
   isFirstTaken_ = true;
 }

@@ -13,6 +13,7 @@
 #include "tarvola/interchange/slip_file_import.h"
 #include "tarvola/runtime/text_file.h"
 #include "tests/interchange/interchange_store.h"
+#include "tests/interchange/kill_at_statement.h"
 
 namespace tarvola::test {
 namespace {
@@ -80,8 +81,63 @@ TEST(KilledImport, IsCompletedByTheSameImportAgainToTheVeryDocumentsOfAnUndistur
   EXPECT_GT(killed, 0);
 }
 
-TEST(KilledImport, CutOffAfterEveryStatementIsCompletedToo) {
-  // A store in which the rows behind a certain point are missing is what a kill at that point leaves.
+/// A line of each of the twelve forms, with what makes them write all that they can.
+std::string oneOfEachForm() {
+  std::string file = interchange::exportHeader() + "\r\n";
+  int number = 0;
+  for (const char* form : {"F113309", "F113310", "F113311", "F113312", "F113316", "F113317", "F113319", "F113320",
+                           "F113321", "FSewaTnhBgn", "FJasaKonstruksi", "FAlihTnhBgn"}) {
+    Line line(form, "00000" + std::to_string(++number) + "/PPH4");
+    line.with(11, "1000").with(12, "10").with(13, "100").with(45, "100");
+    if (std::string_view(form) == "F113310")
+      line.with(35, "2000").with(37, "200").with(38, "3000").with(40, "300").with(45, "600");
+    file += line.text() + "\r\n";
+  }
+  return file;
+}
+
+/// The status of an import that is killed just before a statement.
+int endOfImportKilledAt(int statement, const std::string& path) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const KillAtStatement kill(statement);
+    importFile(path);
+    _exit(0);
+  }
+  return endOf(child);
+}
+
+TEST(KilledImport, IsCompletedWhicheverStatementItWasKilledAt) {
+  std::vector<std::string> whole;
+  {
+    InterchangeStore store;
+    importFile(store.folder().write("month.csv", oneOfEachForm()));
+    whole = store.dump();
+  }
+  InterchangeStore store;
+  const std::string path = store.folder().write("month.csv", oneOfEachForm());
+  const std::vector<std::string> empty = store.dump();
+  constexpr int beyondAll = 5000;
+  int statement = 1;
+  for (; statement < beyondAll; ++statement) {
+    const int status = endOfImportKilledAt(statement, path);
+    if (WIFEXITED(status)) break;
+    const SlipFileImportResult again = importFile(path);
+    ASSERT_EQ(again.refused, 0U) << "statement " << statement;
+    ASSERT_EQ(again.stored + again.alreadyThere, 12U) << "statement " << statement;
+    ASSERT_THAT(again.rebuildFailures, testing::IsEmpty()) << "statement " << statement;
+    ASSERT_EQ(store.dump(), whole) << "statement " << statement;
+    for (const char* table : {"DS_FORM_INDUK", "DS_FORM_LAMPIRAN", "DAT_SSP_PPh22", "LAMPIRAN_SSP_PPh22", "D113210"})
+      store.run(std::string("DELETE * FROM ") + table);
+    ASSERT_EQ(store.dump(), empty);
+  }
+  // Twelve lines with a form and a list row each, six headers, and what reads and recounts them.
+  EXPECT_GT(statement, 100);
+  EXPECT_LT(statement, beyondAll);
+}
+
+TEST(ImportThatLacksRows, IsCompletedByTheSameImportAgain) {
+  // A store in which the rows behind a certain point are missing.
   const Undisturbed whole = undisturbed();
   struct Cut {
     const char* table;

@@ -207,6 +207,10 @@ INSTANTIATE_TEST_SUITE_P(
                            "amount of the return is wrong: F113204 | JMLPHSL | 603999999 | 604000000"},
                     Damage{"TotalTax", slipField("F113204", "JmlB5", "0"),
                            "amount of the return is wrong: F113204 | JmlB5 | 0 | 70470000"},
+                    Damage{"LettersInALine", slipField("F113204", "B43", "seratus juta"),
+                           "value cannot be read: F113204 | B43 | seratus juta | 100000000"},
+                    Damage{"LettersInTheTotal", slipField("F113204", "JmlB5", "x"),
+                           "value cannot be read: F113204 | JmlB5 | x | 70470000"},
                     Damage{"NumberOfSlips", slipField("F113204", "C3", "8"),
                            "count or mark of the return is wrong: F113204 | C3 | 8 | 9"},
                     Damage{"MarkOfTheList", slipField("F113204", "CHKC2", "0"),
@@ -390,6 +394,35 @@ TEST(ReturnCheckRun, LeavesALineThatAPersonTypedIn) {
   month.setSlipField("F113204", "B11b", "Revaluasi");
   month.setSlipField("F113204", "B11b3", "1000");
   month.setSlipField("F113204", "JMLPHSL", "604001000");
+  EXPECT_THAT(findings(), testing::IsEmpty());
+}
+
+TEST(ReturnCheckRun, TakesTheZeroThatASaveLeavesOfARateBeyondSixteenBits) {
+  // A tax of 7000000 on a gross of 7 is a rate of 100000000 %, which the save of a form cannot cut to two decimals.
+  ReturnCheck month;
+  month.setField(selfPaidTable, "FSewaTnhBgn", "KD_FORM = 'FSewaTnhBgn'", "JMLBRUTO", "7");
+  month.setField(selfPaidRows, "DSewaTnhBgn-Coll", "KD_FORM = 'DSewaTnhBgn'", "PHSL", "7");
+  rebuildReturn(1, 2009, 0);
+  month.setSlipField("F113204", "B5b4", "0");
+  month.store.messages().clear();
+  EXPECT_THAT(findings(), testing::IsEmpty());
+  EXPECT_THAT(month.store.messages().texts(), testing::IsEmpty());
+}
+
+TEST(ReturnCheckRun, DoesNotMissANumberThatACorrectionHolds) {
+  ReturnCheck month;
+  month.store.run("INSERT INTO SETTING_NOBUKTI_PPH (PASAL, FORMAT_STRING, NO_URUT) VALUES (4, '/PPH4', '000010')");
+  month.store.run(
+      "INSERT INTO DS_FORM_INDUK (NPWP, KD_FORM, JENIS_DOKUMEN, MS_PAJAK, TH_PAJAK, KD_PEMBETULAN_KE, NOBUKTI, "
+      "KD_JENIS_PAJAK) VALUES ('013121660091000', 'F113319', '15', 1, 2009, 1, '000010/PPH4', '113')");
+  EXPECT_THAT(findings(), testing::IsEmpty());
+}
+
+TEST(ReturnCheckRun, TakesTheSameNumberOfAnotherCorrectionForAnother) {
+  ReturnCheck month;
+  month.store.run(
+      "INSERT INTO DS_FORM_INDUK (NPWP, KD_FORM, JENIS_DOKUMEN, MS_PAJAK, TH_PAJAK, KD_PEMBETULAN_KE, NOBUKTI, "
+      "KD_JENIS_PAJAK) VALUES ('013121660091000', 'F113309', '02', 1, 2009, 1, '000001/PPH4', '113')");
   EXPECT_THAT(findings(), testing::IsEmpty());
 }
 

@@ -260,6 +260,8 @@ TEST_F(SlipFileImportTest, ALineOfAMegabyteIsRefused) {
   const std::string line = Line(goodSlip).with(5, std::string(1 << 20, 'x')).text();
   EXPECT_EQ(refusal(line),
             "the line has " + std::to_string(line.size()) + " bytes; a line of this file has at most 65535");
+  // Without a header in front of it as well, and the rest of the file goes on.
+  EXPECT_EQ(account(importBytes(line + "\r\n" + goodSlip.text())), "2 = 1 + 0 + 1");
 }
 
 TEST_F(SlipFileImportTest, AnUnknownFormCodeIsRefused) {
