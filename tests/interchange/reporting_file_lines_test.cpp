@@ -298,6 +298,15 @@ TEST_F(ReportedLines, AFormCodeInAnotherSpellingRepeatsTheLineBefore) {
               ElementsAre(profileLine, mainLine(), "113;15;F113319;first;", "113;15;F113319;first;", ""));
 }
 
+TEST_F(ReportedLines, BehindTheClosingListItsLineIsTheOneThatIsRepeated) {
+  store.mainReturn();
+  store.document("F113319", "slip");
+  store.document("D113210", "list");
+  store.document("FSewaTnhBgn", "form", 0, "fsewatnhbgn");
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), "113;15;F113319;slip;",
+                                                 "113;20;D113210;list;10/02/2009;", "113;20;D113210;list;10/02/2009;"));
+}
+
 TEST_F(ReportedLines, AReturnWithoutNamedFieldsLeavesTheLineBefore) {
   store.mainReturn();
   const RecordsetPtr all = store.run("SELECT * FROM DS_FORM_INDUK");
