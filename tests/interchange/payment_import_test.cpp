@@ -13,6 +13,7 @@
 #include "tarvola/runtime/regional_settings.h"
 #include "tarvola/store/field_access.h"
 #include "tests/interchange/payment_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -107,6 +108,15 @@ TEST_F(PaymentImport, FailsOverTheLineOfTitles) {
   EXPECT_THAT(store.records(), IsEmpty());
   EXPECT_THAT(store.messages().texts(),
               ElementsAre(description(ErrorNumber::TypeMismatch), description(ErrorNumber::TypeMismatch)));
+}
+
+TEST_F(PaymentImport, ReadsTheArticleBeforeTheFiler) {
+  dropTable(store.storePath(), "PROFILE");
+  import("Kode Pasal Untuk SSP / Kode Pasal Untuk PBK ; Masa Pajak SSP / Masa(Bulan) Berlaku PBK");
+  EXPECT_THAT(store.messages().texts(), ElementsAre(description(ErrorNumber::TypeMismatch)));
+  store.messages().clear();
+  import("XXX4;1;2009;0");
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("PROFILE"))) << "and the filer before the word";
 }
 
 TEST_F(PaymentImport, StoresUnderAnEmptyNumberWithoutAProfile) {
