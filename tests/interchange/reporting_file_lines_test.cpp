@@ -7,6 +7,7 @@
 #include "tarvola/runtime/regional_settings.h"
 #include "tarvola/store/DatFormConverter.h"
 #include "tests/interchange/report_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -265,6 +266,14 @@ TEST_F(ReportedLines, ACorrectionOfPaymentsThatIsNoNumberCostsThePaymentLines) {
   store.payment(1, "0118");
   EXPECT_THAT(store.reportedLines({.paymentsCorrection = "x"}), ElementsAre(profileLine, mainLine(), ""));
   EXPECT_THAT(store.messages().texts(), ElementsAre("Type mismatch", testing::HasSubstr("Berhasil")));
+}
+
+TEST_F(ReportedLines, TheTableOfAccountCodesIsReadFirstOfAllAndAlsoForNoPayments) {
+  store.mainReturn();
+  store.compensation("PBK-1");
+  dropTable(store.storePath(), "REF_SSP_NEW");
+  EXPECT_THAT(store.reportedLines({.paymentsCorrection = "x"}), ElementsAre(profileLine, mainLine(), ""));
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("REF_SSP_NEW"), testing::HasSubstr("Berhasil")));
 }
 
 TEST_F(ReportedLines, TheMainReturnShowsItsStatusAndTheAmountThatTheCallerNames) {
