@@ -11,6 +11,7 @@
 #include "tarvola/runtime/error_texts.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/regional_settings.h"
+#include "tarvola/store/document_key.h"
 #include "tarvola/store/field_access.h"
 #include "tests/interchange/payment_store.h"
 #include "tests/support/refusing_store.h"
@@ -135,6 +136,11 @@ TEST_F(PaymentImport, StoresAPaymentWithoutANumberUnderKeyZeroAfterTheMessageOfI
   EXPECT_THAT(store.payments(), ElementsAre("0|4|013121660091000|1|2009|0|411128|402|10/02/2009|0000000000000000|"
                                             "1500000||"));
   EXPECT_THAT(store.messages().texts(), ElementsAre(criteriaMismatchText()));
+}
+
+TEST(PaymentMonth, HasSixCharactersForAMonthOfOneDigitAndOfTwo) {
+  EXPECT_EQ(store::monthText(1, 2009), "012009");
+  EXPECT_EQ(store::monthText(12, 2009), "122009");
 }
 
 TEST_F(PaymentImport, StoresAPaymentWithoutANumberEachTime) {
