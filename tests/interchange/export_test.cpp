@@ -161,9 +161,22 @@ TEST_F(Export, RowsOfEveryFilerAndNoHeaderOrOtherPeriodAreTaken) {
   slip("D113206", "-", head + "0;0;0;0");
   slip("F113204", "-", head);
   store.run("INSERT INTO DS_FORM_INDUK SELECT * FROM DS_FORM_INDUK WHERE KD_FORM = 'F113319'");
-  store.run("UPDATE DS_FORM_INDUK SET MS_PAJAK = 2 WHERE KD_FORM = 'F113204'");
+  for (const char* other : {"MS_PAJAK = 2", "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1"}) {
+    slip("F113320", "000002/PPH4", singleItem);
+    selfPaid("FAlihTnhBgn", "NTPN 1", head + "14/01/2009;NTPN 1;1;6000;300");
+    store.run(std::string("UPDATE DS_FORM_INDUK SET KD_FORM = 'F113321', ") + other + " WHERE KD_FORM = 'F113320'");
+    store.run(std::string("UPDATE DAT_SSP_PPh22 SET KD_FORM = 'FSewaTnhBgn', ") + other +
+              " WHERE KD_FORM = 'FAlihTnhBgn'");
+  }
   exportMonth();
   EXPECT_EQ(lines().size(), 2U);
+}
+
+TEST_F(Export, ADocumentOfAnotherKindOfTaxIsTakenAsWell) {
+  slip("F113319", "000001/PPH4", singleItem);
+  store.run("UPDATE DS_FORM_INDUK SET KD_JENIS_PAJAK = '999'");
+  exportMonth();
+  EXPECT_EQ(lines().size(), 1U);
 }
 
 TEST_F(Export, OptionsOfInterestAreTurnedRound) {

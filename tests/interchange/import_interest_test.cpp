@@ -115,6 +115,21 @@ TEST_F(ImportInterest, RowsOfTheSlipThatAreThereAreReplaced) {
   EXPECT_THAT(lines(), testing::UnorderedElementsAre("DN|DN|1|20|0", "DN|DN|1000|20|200"));
 }
 
+TEST_F(ImportInterest, RowsOfAnotherPayeePeriodOrNumberStay) {
+  const char* const others[] = {"NPWP = 'x'",      "NMWP = 'x'",           "ALM = 'x'",    "MS_PAJAK = 2",
+                                "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1", "NOBUKTI = 'x'"};
+  for (const char* other : others) {
+    store.run(
+        "INSERT INTO D113210 VALUES ('086556479946000', 'Maria Santoso', 'Jl. Hayam Wuruk 12', 1, 2009, 0, "
+        "'08/01/2009', '000001/PPH4', 'new', 'DN', 1, 20, 0, '', '0')");
+    store.run(std::string("UPDATE D113210 SET JENIS = 'other', ") + other + " WHERE JENIS = 'new'");
+  }
+  Line line("F113310");
+  import(deposit(line, 1, "0", "1000", "20", "200"));
+  EXPECT_EQ(store.value("SELECT COUNT(*) AS N FROM D113210 WHERE JENIS = 'other'"), std::to_string(std::size(others)));
+  EXPECT_EQ(store.value("SELECT COUNT(*) AS N FROM D113210"), std::to_string(std::size(others) + 1));
+}
+
 TEST_F(ImportInterest, ASlipThatIsListedAlreadyGetsNoRows) {
   Line line("F113310");
   deposit(line, 1, "0", "1000", "20", "200");

@@ -83,6 +83,25 @@ TEST_F(ImportLookups, CommoditiesGetTheNextCodeAndTheFirstOfAllGetsTwo) {
               testing::ElementsAre("02|Komoditi 0|22|0"));
 }
 
+TEST_F(ImportLookups, CommoditiesOfAnotherArticleDoNotCount) {
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  store.run("INSERT INTO JENIS_KOMODITI VALUES ('50', 'Semen', 23, 0)");
+  CImporBP import;
+  import.pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {{ "50", "Semen" }}));
+  EXPECT_EQ(column(import.pGetKomoditi(), "KODE_KOMODITI"), std::vector<std::string>{"02"});
+}
+
+TEST_F(ImportLookups, ExchangesComeByTheirIdAndCommoditiesByTheirCode) {
+  store.run("DELETE * FROM BURSA");
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  for (const char* values : {"'Bursa C', 3", "'Bursa A', 1", "'Bursa B', 2"})
+    store.run(std::string("INSERT INTO BURSA VALUES (") + values + ")");
+  for (const char* values : {"'10', 'Baja', 22, 0", "'02', 'Semen', 22, 0"})
+    store.run(std::string("INSERT INTO JENIS_KOMODITI VALUES (") + values + ")");
+  EXPECT_EQ(column(CImporBP().pGetBursa(), "ID"), (std::vector<std::string>{"1", "2", "3"}));
+  EXPECT_EQ(column(CImporBP().pGetKomoditi(), "KODE_KOMODITI"), (std::vector<std::string>{"02", "10"}));
+}
+
 TEST_F(ImportLookups, ACommodityIsKnownByCodeAndName) {
   store.run("DELETE * FROM JENIS_KOMODITI");
   CImporBP import;

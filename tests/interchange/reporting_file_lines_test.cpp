@@ -165,6 +165,18 @@ TEST_F(ReportedLines, OnlyDocumentsOfThePeriodAndOfTheReportCome) {
   EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
 }
 
+TEST_F(ReportedLines, DocumentsOfAnotherPeriodOrKindOfTaxDoNotCome) {
+  store.mainReturn();
+  for (const char* other : {"MS_PAJAK = 2", "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1", "KD_JENIS_PAJAK = '999'"}) {
+    store.document("F113319", "slip");
+    store.document("FSewaTnhBgn", "form");
+    store.run(std::string("UPDATE DS_FORM_INDUK SET KD_FORM = 'F113320', ") + other + " WHERE KD_FORM = 'F113319'");
+    store.run(std::string("UPDATE DAT_SSP_PPh22 SET KD_FORM = 'FAlihTnhBgn', ") + other +
+              " WHERE KD_FORM = 'FSewaTnhBgn'");
+  }
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
+}
+
 TEST_F(ReportedLines, APeriodWithoutD113210EndsWithAnEmptyLine) {
   store.mainReturn();
   EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));

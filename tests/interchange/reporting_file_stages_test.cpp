@@ -98,6 +98,13 @@ TEST_F(ReportedFile, APeriodWithoutMainReturnIsRefusedAndAnExistingFileStays) {
   EXPECT_EQ(store.reportBytes(), "as it was");
 }
 
+TEST_F(ReportedFile, AMainReturnOfAnotherKindOfTaxIsNone) {
+  store.mainReturn();
+  store.run("UPDATE DS_FORM_INDUK SET KD_JENIS_PAJAK = '999'");
+  store.writeReport();
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::EndsWith("Proses Pelaporan Data Dibatalkan")));
+}
+
 TEST_F(ReportedFile, ARefusedPeriodMakesNoFile) {
   store.writeReport();
   EXPECT_FALSE(std::filesystem::exists(path_));
