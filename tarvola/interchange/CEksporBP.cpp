@@ -182,67 +182,27 @@ void CEksporBP::pEksporPPh(std::string_view, std::int16_t iKodePasal, std::strin
   guarded([&] { state_->exportPeriod(iKodePasal, {sMsPjk, sThPjk, iKdPembetulan}, strFileName); });
 }
 
-std::string CEksporBP::pBuildDataF113309(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113309, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
+// The twelve row builders differ in nothing but the form in their names.
+#define TARVOLA_ROW_BUILDER(form)                                                                 \
+  std::string CEksporBP::pBuildData##form(std::string_view strKdForm, const RecordsetPtr& rsTemp, \
+                                          std::string_view sMsPjk, std::string_view sThPjk,       \
+                                          std::int16_t iKdPembetulan) {                           \
+    return state_->lineOf(store::form, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);       \
+  }
 
-std::string CEksporBP::pBuildDataF113310(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113310, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
+TARVOLA_ROW_BUILDER(F113309)
+TARVOLA_ROW_BUILDER(F113310)
+TARVOLA_ROW_BUILDER(F113311)
+TARVOLA_ROW_BUILDER(F113312)
+TARVOLA_ROW_BUILDER(F113316)
+TARVOLA_ROW_BUILDER(F113317)
+TARVOLA_ROW_BUILDER(F113319)
+TARVOLA_ROW_BUILDER(F113320)
+TARVOLA_ROW_BUILDER(F113321)
+TARVOLA_ROW_BUILDER(FSewaTnhBgn)
+TARVOLA_ROW_BUILDER(FAlihTnhBgn)
+TARVOLA_ROW_BUILDER(FJasaKonstruksi)
 
-std::string CEksporBP::pBuildDataF113311(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113311, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113312(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113312, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113316(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113316, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113317(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113317, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113319(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113319, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113320(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113320, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataF113321(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                         std::string_view sMsPjk, std::string_view sThPjk, std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::F113321, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataFSewaTnhBgn(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                             std::string_view sMsPjk, std::string_view sThPjk,
-                                             std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::FSewaTnhBgn, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataFAlihTnhBgn(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                             std::string_view sMsPjk, std::string_view sThPjk,
-                                             std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::FAlihTnhBgn, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
-
-std::string CEksporBP::pBuildDataFJasaKonstruksi(std::string_view strKdForm, const RecordsetPtr& rsTemp,
-                                                 std::string_view sMsPjk, std::string_view sThPjk,
-                                                 std::int16_t iKdPembetulan) {
-  return state_->lineOf(store::FJasaKonstruksi, {strKdForm, sMsPjk, sThPjk, iKdPembetulan}, rsTemp);
-}
+#undef TARVOLA_ROW_BUILDER
 
 }  // namespace tarvola

@@ -36,9 +36,9 @@ class CEksporBP {
   void pEksporPPh(std::string_view sNPWP, std::int16_t iKodePasal, std::string_view sMsPjk, std::string_view sThPjk,
                   std::int16_t iKdPembetulan, std::string_view strFileName, std::string_view strJenisWP);
 
-  // Each builds the line of one form, without its line end, from the named fields of the first record of rsTemp (the
-  // current one if it stands at BOF). strKdForm becomes the first column as it is handed over. A field that rsTemp does
-  // not have shows a message and gives the line as far as it was built.
+  // Each builds the line of one form, without its line end, from the named fields of the first record of rsTemp.
+  // strKdForm becomes the first column as it is handed over. A field that rsTemp does not have, and an rsTemp without a
+  // record, show a message and give the line as far as it was built.
   std::string pBuildDataF113309(std::string_view strKdForm, const RecordsetPtr& rsTemp, std::string_view sMsPjk,
                                 std::string_view sThPjk, std::int16_t iKdPembetulan);
   std::string pBuildDataF113310(std::string_view strKdForm, const RecordsetPtr& rsTemp, std::string_view sMsPjk,

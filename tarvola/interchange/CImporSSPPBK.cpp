@@ -38,13 +38,6 @@ FilerHeader readFiler(const store::StoreObject& store) {
   return filer;
 }
 
-/// Month and year as one text of six digits: January 2009 is "012009".
-std::string periodText(std::int16_t month, std::int16_t year) {
-  std::string digits = CStr(std::int32_t{month});
-  if (digits.size() == 1) digits.insert(0, "0");
-  return digits += CStr(std::int32_t{year});
-}
-
 /// So many empty texts, with a comma before each.
 void appendEmptyTexts(Statement& values, int count) {
   for (int i = 0; i < count; ++i) values << ",''";
@@ -90,7 +83,7 @@ void CImporSSPPBK::State::importLine(const Variant& strData, const Period& perio
 /// Several payments without a number may stand side by side, so they are not looked for.
 void CImporSSPPBK::State::importPayment(const PaymentLine& line, const Period& period, const FilerHeader& filer) {
   if (line.text(Ntpp) == interchange::noPaymentNumber) {
-    const double key = pGetNextTableKey(line, periodText(period.msPajak, period.thPajak));
+    const double key = pGetNextTableKey(line, store::monthText(period.msPajak, period.thPajak));
     pInsertSSP(line, period, filer, key);
   } else if (!pCekSSP(line, period)) {
     pInsertSSP(line, period, filer, 0);

@@ -54,14 +54,14 @@ class FieldTexts {
   std::size_t row_;
 };
 
-void appendField(std::string& line, const ColumnSource& source, std::size_t place, const FieldTexts& fields) {
-  if (source.source == Source::InvertedOption) {
+void appendField(std::string& line, Source source, std::size_t place, const FieldTexts& fields) {
+  if (source == Source::InvertedOption) {
     line += fields.isOne(place) ? '0' : '1';
     return;
   }
   const std::size_t start = line.size();
   fields.append(line, place);
-  if (source.source == Source::Field) trimFrom(line, start);
+  if (source == Source::Field) trimFrom(line, start);
 }
 
 }  // namespace
@@ -87,6 +87,7 @@ void ExportRowBuilder::appendHead(std::string& line, const ExportRowHead& head) 
   line += year_.of(head.year);
   line += separator;
   appendCStr(line, head.correction);
+  line += separator;
 }
 
 void ExportRowBuilder::append(std::string& line, const ExportForm& form, const ExportRowHead& head,
@@ -95,15 +96,14 @@ void ExportRowBuilder::append(std::string& line, const ExportForm& form, const E
   const Places& places = placesOf(form, named);
   const FieldTexts fields(named);
   for (std::size_t i = index(PayeeNpwp); i < columnCount; ++i) {
-    const ColumnSource& source = form.columns[i];
-    line += separator;
-    if (source.source == Source::Nothing) continue;
-    if (source.source == Source::Zero) {
+    const auto& [source, field] = form.columns[i];
+    if (source == Source::Zero) {
       line += '0';
-      continue;
+    } else if (source != Source::Nothing) {
+      const std::size_t place = places.field[i];
+      appendField(line, source, place == missing ? fields.missing(field) : place, fields);
     }
-    const std::size_t place = places.field[i];
-    appendField(line, source, place == missing ? fields.missing(source.field) : place, fields);
+    if (i + 1 < columnCount) line += separator;
   }
 }
 

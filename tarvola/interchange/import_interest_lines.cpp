@@ -1,7 +1,7 @@
 // The detail rows of an interest slip in the table D113210.
 
 #include <array>
-#include <vector>
+#include <cstdint>
 
 #include "tarvola/interchange/line_writer.h"
 #include "tarvola/lists/interest_lines.h"
@@ -45,14 +45,14 @@ InterestLine single(const ImportLine& line, std::string_view kind, const Group& 
   return row;
 }
 
-/// The rows that the slip has: those whose gross is not 0.
-std::vector<InterestLine> interestLines(const ImportLine& line) {
-  std::vector<InterestLine> rows;
-  for (const InterestLine& row :
-       {sumOfSide(line, "DN", true), sumOfSide(line, "LN", false), single(line, "SBI", {Option1, Gross6, Rate6, Tax6}),
-        single(line, "GIRO", {Option1, Gross7, Rate7, Tax7})})
-    if (row.grossRupiah != 0) rows.push_back(row);
-  return rows;
+/// Calls for each row that the slip can have; one whose gross is 0 is none. The deposits are summed first, then each
+/// row is made when its turn comes: a rate of SBI that is no number fails behind the rows of the deposits.
+template <class Visit>
+void forEachInterestLine(const ImportLine& line, Visit visit) {
+  const std::array sides = {sumOfSide(line, "DN", true), sumOfSide(line, "LN", false)};
+  for (const InterestLine& side : sides) visit(side);
+  visit(single(line, "SBI", {Option1, Gross6, Rate6, Tax6}));
+  visit(single(line, "GIRO", {Option1, Gross7, Rate7, Tax7}));
 }
 
 /// The rows of a slip are known by payee, period and number, as the line writes them, blanks included.
@@ -69,14 +69,16 @@ lists::InterestSlip slipOf(const ImportLine& line, const store::Period& period) 
 void LineWriter::replaceInterestLines() const {
   const lists::InterestSlip slip = slipOf(line_, period_);
   lists::removeInterestLines(store_, slip);
-  for (const InterestLine& row : interestLines(line_))
-    lists::insertInterestLine(store_, slip, line_.raw(DateOfSlip), row);
+  forEachInterestLine(
+      line_, [&](const InterestLine& row) { lists::insertInterestLine(store_, slip, line_.raw(DateOfSlip), row); });
 }
 
 bool LineWriter::hasAllInterestLines() const {
   const RecordsetPtr rows = store_.execute(Statement("SELECT NOBUKTI FROM D113210 WHERE ")
                                            << lists::interestLinesCondition(slipOf(line_, period_)));
-  return static_cast<std::size_t>(rows->get_RecordCount()) >= interestLines(line_).size();
+  std::int32_t wanted = 0;
+  forEachInterestLine(line_, [&](const InterestLine& row) { wanted += row.grossRupiah != 0 ? 1 : 0; });
+  return rows->get_RecordCount() >= wanted;
 }
 
 }  // namespace tarvola::interchange

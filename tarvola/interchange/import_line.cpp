@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "tarvola/interchange/amount_text.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/store_texts.h"
@@ -60,7 +61,7 @@ std::string_view ImportLine::raw(Column column) const {
 
 std::string_view ImportLine::text(Column column) const { return Trim(raw(column)); }
 
-double ImportLine::number(Column column) const { return CDbl(text(column)); }
+double ImportLine::number(Column column) const { return amountOf(text(column)); }
 
 double ImportLine::whole(Column column) const { return Int(number(column)); }
 

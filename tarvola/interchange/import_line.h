@@ -19,7 +19,7 @@ class ImportLine {
   [[nodiscard]] std::string_view raw(Column column) const;
   /// The column with blanks cut.
   [[nodiscard]] std::string_view text(Column column) const;
-  /// The column read as a number under the regional settings. No number: error 13.
+  /// The column read as an amount: 1234,56 under a decimal comma, and 1234.56 as well. No number: error 13.
   [[nodiscard]] double number(Column column) const;
   /// The number cut down to whole rupiah: 1234,56 gives 1234, -0,5 gives -1.
   [[nodiscard]] double whole(Column column) const;

@@ -17,10 +17,8 @@ class PaymentLine {
 
   /// A column, counted from 0, without blanks around. One that the line lacks is error 9.
   [[nodiscard]] std::string text(std::size_t column) const;
-  /// The amount in a column, cut down to whole rupiah: 100000,75 gives 100000.
-  ///
-  /// It reads as every number under the regional settings, with one exception. A sign of the thousands that parts no
-  /// group of three is the decimal sign: 100000.75 is no ten million. No number: error 13.
+  /// The amount in a column, cut down to whole rupiah: 100000,75 gives 100000, and so does 100000.75. No number: error
+  /// 13.
   [[nodiscard]] double wholeRupiah(std::size_t column) const;
 
   /// The first three characters of the first column: "SSP" or "PBK".

@@ -74,19 +74,19 @@ void ReportLines::addMainReturn(const ReportDocument& document, std::uint8_t sta
 void ReportLines::addForm(const ReportDocument& document) {
   const ReportForm* form = findReportForm(document.kdForm);
   if (form == nullptr) return;
-  std::string& line = form->isClosing ? closingLine_ : line_;
-  line.clear();
-  appendItem(line, store::taxKind);
-  appendItem(line, document.jenisDokumen);
-  appendItem(line, Trim(document.kdForm));
-  appendItem(line, Trim(document.datForm));
+  line_.clear();
+  appendItem(line_, store::taxKind);
+  appendItem(line_, document.jenisDokumen);
+  appendItem(line_, Trim(document.kdForm));
+  appendItem(line_, Trim(document.datForm));
   if (!form->summedFields.empty()) {
     fields_.cut(document.datForm);
-    appendCStr(line, controlSum(summedElements(*form), fields_));
-    line += separator;
+    appendCStr(line_, controlSum(summedElements(*form), fields_));
+    line_ += separator;
   }
-  if (form->isClosing) appendItem(line, returnDate_);
-  if (!form->keepsLineBreaks) removeLineBreaks(line);
+  if (form->isClosing) appendItem(line_, returnDate_);
+  if (!form->keepsLineBreaks) removeLineBreaks(line_);
+  if (form->isClosing) closingLine_ = line_;
 }
 
 void removeLineBreaks(std::string& line) {

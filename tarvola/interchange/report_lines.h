@@ -28,7 +28,7 @@ class ReportLines {
   /// cannot be formed.
   void addForm(const ReportDocument& document);
 
-  /// The line of the last document, without its line end.
+  /// The line of the last document, without its line end; that of D113210 stands here too, though it is written last.
   [[nodiscard]] const std::string& line() const noexcept { return line_; }
   /// The line of D113210, the last of the file; empty if the return has none.
   [[nodiscard]] const std::string& closingLine() const noexcept { return closingLine_; }

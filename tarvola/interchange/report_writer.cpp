@@ -185,16 +185,16 @@ void ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& 
 void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
                                 TextFile& file, std::string_view sCorr) noexcept {
   guarded([&] {
+    const RecordsetPtr codes = store_.open("SELECT * FROM REF_SSP_NEW");
     const std::int16_t month = CInt(Variant(sMsPjk));
     const std::int16_t year = CInt(Variant(sThPjk));
-    writePayments(iPasal, month, year, CInt(Variant(sCorr)), file);
+    writePayments(iPasal, month, year, CInt(Variant(sCorr)), codes, file);
     writeCompensations(iPasal, month, year, file);
   });
 }
 
 void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                                 TextFile& file) {
-  const RecordsetPtr codes = store_.open("SELECT * FROM REF_SSP_NEW");
+                                 const RecordsetPtr& codes, TextFile& file) {
   const RecordsetPtr payments = store_.open(Statement("SELECT * FROM DATSSP WHERE MsPjk = ")
                                             << std::int32_t{month} << " AND THPJK=" << std::int32_t{year}
                                             << " AND KdPmbtln=" << std::int32_t{correction}

@@ -57,7 +57,7 @@ class ReportWriter {
   void pWriteSSPPBK(std::string_view sNPWP, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
                     TextFile& file, std::string_view sCorr) noexcept;
   void writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                     TextFile& file);
+                     const RecordsetPtr& codes, TextFile& file);
   void writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, TextFile& file);
 
   store::StoreObject& store_;

@@ -1,5 +1,6 @@
 #include "tarvola/store/document_key.h"
 
+#include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/field_access.h"
 #include "tarvola/store/packed_row.h"
 #include "tarvola/store/store_object.h"
@@ -15,6 +16,12 @@ FilerHeader filerFrom(const RecordsetPtr& profile, std::string_view name, std::s
 }
 
 }  // namespace
+
+std::string monthText(std::int16_t month, std::int16_t year) {
+  std::string digits = CStr(std::int32_t{month});
+  if (digits.size() < 2) digits.insert(0, "0");
+  return digits += CStr(std::int32_t{year});
+}
 
 Statement periodCondition(const Period& period) {
   return Statement("MS_PAJAK = ") << std::int32_t{period.msPajak} << " AND TH_PAJAK = " << std::int32_t{period.thPajak}

@@ -20,6 +20,10 @@ struct Period {
   friend bool operator==(const Period&, const Period&) = default;
 };
 
+/// Month and year as one text of six digits, as some statements compare the month of a payment: January 2009 is
+/// "012009".
+std::string monthText(std::int16_t month, std::int16_t year);
+
 /// "MS_PAJAK = 1 AND TH_PAJAK = 2009 AND KD_PEMBETULAN_KE = 0", with no word in front.
 Statement periodCondition(const Period& period);
 

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "tarvola/runtime/errors.h"
-#include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/return_directory.h"
 #include "tarvola/store/return_kinds.h"
 #include "tarvola/store/statement.h"
@@ -35,13 +34,6 @@ void removeSelfPaidForms(const StoreObject& store, std::string_view npwp, const 
   if (kind.findsSelfPaidFormsByFiler) condition << " AND NPWP = " << text(npwp);
   store.execute(Statement("DELETE * FROM DAT_SSP_PPh22 WHERE ") << condition);
   removeAttachments(store, "LAMPIRAN_SSP_PPh22", period, kind.selfPaidLists);
-}
-
-/// Month and year of a payment as one text: January 2009 is "012009".
-std::string monthText(std::int16_t month, std::int16_t year) {
-  std::string digits = CStr(std::int32_t{month});
-  if (digits.size() < 2) digits.insert(0, "0");
-  return digits += CStr(std::int32_t{year});
 }
 
 void removeEachRow(const RecordsetPtr& rows) {

@@ -53,15 +53,67 @@ std::string afterItem(const std::string& tax) {
   return ";;0;0;0;0;;0;0;0;0;;0;0;0;0;;0;0;0;0;;0;0;0;0;0;0;;0;0;0;" + tax + ";;;;;";
 }
 
+/// The titles as the readers of the file know them, two blanks and a blank at an end included.
+constexpr const char* titles =
+    // clang-format off
+    "Kode Form Bukti Potong / Kode Form Input PPh Yang Dibayar Sendiri;"
+    "Masa Pajak;"
+    "Tahun Pajak;"
+    "Pembetulan;"
+    "NPWP WP yang Dipotong;"
+    "Nama WP yang Dipotong;"
+    "Alamat WP yang Dipotong;"
+    "Nomor Bukti Potong / NTPN;"
+    "Tanggal Bukti Potong/Tanggal SSP;"
+    "Jenis Hadiah Undian 1 / Lokasi Tanah dan atau Bangunan / Nama Obligasi;"
+    "Kode Option Tempat Penyimpanan 1 (Khusus F113310);"
+    "Jumlah Nilai Bruto 1 / Jumlah Nilai Nominal Obligasi Yg Diperdagangkan Di Bursa Efek / Jumlah Penghasilan Pada Form Input Yang Dibayar Sendiri;"
+    "Tarif 1 / Tingkat Bunga per Tahun;"
+    "PPh Yang Dipotong  1 /Jumlah PPh Pada Form Input Yang Dibayar Sendiri;"
+    "Jenis Hadiah Undian 2 / Nomor Seri Obligasi ;"
+    "Kode Option Tempat Penyimpanan 2;"
+    "Jumlah Nilai Bruto 2 / Jumlah Harga Perolehan Bersih (tanpa Bunga) Pada Obligasi Yg Diperdagangkan Di Bursa Efek;"
+    "Tarif 2;"
+    "PPh Yang Dipotong  2;"
+    "Jenis Hadiah Undian 3;"
+    "Kode Option Tempat Penyimpanan 3;"
+    "Jumlah Nilai Bruto 3 / Jumlah Harga Penjualan Bersih (tanpa Bunga) Pada Obligasi Yg Diperdagangkan Di Bursa Efek;"
+    "Tarif 3;"
+    "PPh Yang Dipotong  3;"
+    "Jenis Hadiah Undian 4;"
+    "Kode Option Tempat Penyimpanan 4 / Kode Option Perencanaan (1) atau Pengawasan (2) atau selainnya (0) untuk BP Jasa Konstruksi poin 4;"
+    "Jumlah Nilai Bruto 4 / Jumlah Diskonto Pada Obligasi Yg Diperdagangkan Di Bursa Efek;"
+    "Tarif 4;"
+    "PPh Yang Dipotong  4;"
+    "Jenis Hadiah Undian 5;"
+    "Kode Option Tempat Penyimpanan 5 / Kode Option Perencanaan (1) atau Pengawasan (2) atau selainnya (0) untuk BP Jasa Konstruksi poin 5;"
+    "Jumlah Nilai Bruto 5 / Jumlah Bunga Pada Obligasi Yg Diperdagangkan Di Bursa Efek;"
+    "Tarif 5;"
+    "PPh Yang Dipotong  5;"
+    "Jenis Hadiah Undian 6;"
+    "Jumlah Nilai Bruto 6 / Jumlah Total Bunga atau Diskonto Obligasi Yang Diperdagangkan;"
+    "Tarif 6 / Tarif PPh Final Pada Obligasi Yang Diperdagangkan Di Bursa Efek;"
+    "PPh Yang Dipotong  6;"
+    "Jumlah Nilai Bruto 7;"
+    "Tarif 7;"
+    "PPh Yang Dipotong 7;"
+    "Jenis Penghasilan 8;"
+    "Jumlah Nilai Bruto 8;"
+    "Tarif 8;"
+    "PPh Yang Dipotong 8;"
+    "Jumlah PPh Yang Dipotong;"
+    "Tanggal Jatuh Tempo Obligasi;"
+    "Tanggal Perolehan Obligasi;"
+    "Tanggal Penjualan Obligasi;"
+    "Holding Periode Obligasi (Hari);"
+    "Time Periode Obligasi (Hari)";
+// clang-format on
+
 TEST_F(Export, TheFirstLineIsTheHeaderOfFiftyOneTitles) {
   slip("F113319", "000001/PPH4", singleItem);
   exportMonth();
-  const std::string header = bytes().substr(0, bytes().find("\r\n"));
-  EXPECT_EQ(split(header, ';').size(), 51U);
-  EXPECT_TRUE(header.starts_with("Kode Form Bukti Potong / Kode Form Input PPh Yang Dibayar Sendiri;Masa Pajak;"));
-  EXPECT_TRUE(header.ends_with(";Holding Periode Obligasi (Hari);Time Periode Obligasi (Hari)"));
-  EXPECT_NE(header.find(";Jenis Hadiah Undian 2 / Nomor Seri Obligasi ;"), std::string::npos);
-  EXPECT_NE(header.find(";PPh Yang Dipotong  1 /Jumlah PPh Pada"), std::string::npos);
+  EXPECT_EQ(bytes().substr(0, bytes().find("\r\n")), titles);
+  EXPECT_EQ(split(titles, ';').size(), 51U);
 }
 
 TEST_F(Export, ASlipIsOneLineThatEndsWithASeparator) {
@@ -109,9 +161,22 @@ TEST_F(Export, RowsOfEveryFilerAndNoHeaderOrOtherPeriodAreTaken) {
   slip("D113206", "-", head + "0;0;0;0");
   slip("F113204", "-", head);
   store.run("INSERT INTO DS_FORM_INDUK SELECT * FROM DS_FORM_INDUK WHERE KD_FORM = 'F113319'");
-  store.run("UPDATE DS_FORM_INDUK SET MS_PAJAK = 2 WHERE KD_FORM = 'F113204'");
+  for (const char* other : {"MS_PAJAK = 2", "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1"}) {
+    slip("F113320", "000002/PPH4", singleItem);
+    selfPaid("FAlihTnhBgn", "NTPN 1", head + "14/01/2009;NTPN 1;1;6000;300");
+    store.run(std::string("UPDATE DS_FORM_INDUK SET KD_FORM = 'F113321', ") + other + " WHERE KD_FORM = 'F113320'");
+    store.run(std::string("UPDATE DAT_SSP_PPh22 SET KD_FORM = 'FSewaTnhBgn', ") + other +
+              " WHERE KD_FORM = 'FAlihTnhBgn'");
+  }
   exportMonth();
   EXPECT_EQ(lines().size(), 2U);
+}
+
+TEST_F(Export, ADocumentOfAnotherKindOfTaxIsTakenAsWell) {
+  slip("F113319", "000001/PPH4", singleItem);
+  store.run("UPDATE DS_FORM_INDUK SET KD_JENIS_PAJAK = '999'");
+  exportMonth();
+  EXPECT_EQ(lines().size(), 1U);
 }
 
 TEST_F(Export, OptionsOfInterestAreTurnedRound) {
@@ -135,6 +200,23 @@ TEST_F(Export, BlanksAreCutButForOptionsAndDays) {
   EXPECT_EQ(construction[7], "000001/PPH4");
   EXPECT_TRUE(lines()[1].ends_with("61;182")) << lines()[1];
   EXPECT_EQ(split(lines()[1], ';')[9], "Obligasi");
+}
+
+TEST_F(Export, BlanksOfOptionsAndDaysStay) {
+  slip("F113316", "000001/PPH4",
+       head + "08/01/2009;000001/PPH4;1;N;A;1;2;3;4;5;6;7;8;9; a ;11;12;13; b;14;15;16;17;18");
+  slip("F113317", "000002/PPH4", head + "08/01/2009;;;;000002/PPH4;1;N;A;O;1;SR;2;3;4;5;6;7;8;9; c ; d ");
+  exportMonth();
+  EXPECT_EQ(split(lines()[0], ';')[25], " a ");
+  EXPECT_EQ(split(lines()[0], ';')[30], " b");
+  EXPECT_TRUE(lines()[1].ends_with("; c ; d ")) << lines()[1];
+}
+
+TEST_F(Export, EveryStoredOptionOfInterestButOneIsWrittenAsOne) {
+  slip("F113310", "000001/PPH4", head + "08/01/2009;000001/PPH4;1;0;0;1;;1;2;1;x;1;1;N;A" + std::string(31, ';'));
+  exportMonth();
+  const std::vector<std::string> columns = split(lines().front(), ';');
+  EXPECT_EQ(columns[10] + columns[15] + columns[20] + columns[25] + columns[30], "01111");
 }
 
 TEST_F(Export, OnlyABondSlipHasNoSeparatorAtItsEnd) {
@@ -189,6 +271,36 @@ TEST_F(Export, TheMessageOfSuccessCountsTheRowsWithAThousandsSign) {
   EXPECT_EQ(box.text,
             "Data Bukti Potong PPh Masa Pasal 4 Ayat (2) Untuk :\r\n\r\n* Masa Pajak   : 01\r\n* Tahun Pajak : "
             "2009\r\n* Pembetulan  : 0\r\n\r\nBerhasil Diekspor Sebanyak : 1.001 Baris (Record) Data");
+}
+
+TEST_F(Export, TheMessageOfSuccessCountsTheRowsAndNotTheLines) {
+  slip("F113319", "000001/PPH4", singleItem);
+  // The store finds the code whatever its case, and no line is made for this spelling.
+  slip("f113319", "000002/PPH4", singleItem);
+  exportMonth();
+  EXPECT_EQ(lines().size(), 1U);
+  EXPECT_THAT(store.messages().texts(),
+              testing::ElementsAre(testing::EndsWith("Berhasil Diekspor Sebanyak : 2 Baris (Record) Data")));
+}
+
+TEST_F(Export, TheFileIsWholeWhenItsMessageIsShown) {
+  slip("F113319", "000001/PPH4", singleItem);
+  std::string bytesAtMessage;
+  {
+    const MessageBoxScope scope([&](const MessageBox&) { bytesAtMessage = bytes(); });
+    exportMonth();
+  }
+  EXPECT_EQ(bytesAtMessage, bytes());
+  EXPECT_TRUE(bytesAtMessage.ends_with(";100;;;;;\r\n"));
+}
+
+TEST_F(Export, ALineThatCannotBeBuiltIsWrittenAsFarAsItGoesAndTheNextFollows) {
+  slip("F113319", "000001/PPH4", singleItem);
+  slip("F113319", "000002/PPH4", singleItem);
+  // The statement reads a point as the decimal sign, the line as one of the thousands: the year is too large for it.
+  exportMonth("1", "2009.0000000");
+  EXPECT_THAT(lines(), testing::ElementsAre("F113319;1;", "F113319;1;"));
+  EXPECT_THAT(store.messages().texts(), testing::ElementsAre("Overflow", "Overflow", testing::HasSubstr(" : 2 Baris")));
 }
 
 TEST_F(Export, AnEmptyPeriodMakesNoFileAndLeavesAnOldOne) {
@@ -268,6 +380,14 @@ TEST_F(Export, ItWaitsForSettingsAndTakesItsOwn) {
   EXPECT_EQ(lines().size(), 1U);
 }
 
+TEST_F(Export, ItsSettingsAreThoseOfTheThreadFromThenOn) {
+  moduleState() = {};
+  CEksporBP().pSetCon(store.storePath(), "admin", "rahasia");
+  EXPECT_EQ(moduleState().sDSN, store.storePath());
+  EXPECT_EQ(moduleState().sConnString,
+            "PROVIDER=MSDataShape;Data PROVIDER=MSDASQL;DSN=" + store.storePath() + ";UID=admin;PWD=rahasia;");
+}
+
 TEST_F(Export, WithoutSettingsItFailsWithAMessage) {
   moduleState() = {};
   CEksporBP().pEksporPPh("", 4, "1", "2009", 0, file(), "");
@@ -303,6 +423,13 @@ TEST_F(ExportRow, AFieldThatIsMissingGivesTheLineAsFarAsItWasBuilt) {
   EXPECT_EQ(store.messages().texts(),
             std::vector<std::string>{
                 "Item cannot be found in the collection corresponding to the requested name or ordinal."});
+}
+
+TEST_F(ExportRow, ARecordsetWithoutARecordGivesTheHeadOfTheLine) {
+  const RecordsetPtr none =
+      DatFormConverter().ExpandDatForm("F113319", store.run("SELECT * FROM DS_FORM_INDUK WHERE KD_FORM = 'none'"));
+  EXPECT_EQ(CEksporBP().pBuildDataF113319("F113319", none, "1", "2009", 0), "F113319;1;2009;0;");
+  EXPECT_THAT(store.messages().texts(), testing::ElementsAre(testing::StartsWith("Either BOF or EOF is True")));
 }
 
 TEST_F(ExportRow, AMonthThatIsNoNumberEndsTheLineThere) {

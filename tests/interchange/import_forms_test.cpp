@@ -227,6 +227,24 @@ TEST_F(ImportForms, AmountsAreCutDownAndNeverRounded) {
   EXPECT_THAT(store.value("SELECT DAT_FORM FROM DS_FORM_INDUK"), testing::EndsWith(";1234;0;-1"));
 }
 
+TEST_F(ImportForms, AnAmountWithADecimalPointLosesItsDecimalsToo) {
+  struct Case {
+    const char* amount;
+    const char* stored;
+  };
+  // A point that parts a group of three is one of the thousands; any other single one is the decimal sign.
+  for (const Case& row : {Case{"1234.56", "1234"}, Case{"-0.5", "-1"}, Case{"1234.567", "1234"}, Case{"1.234", "1234"},
+                          Case{" 1.234.567 ", "1234567"}, Case{"1.234,56", "1234"}}) {
+    store.run("DELETE * FROM DS_FORM_INDUK");
+    import(Line("F113319").with(11, row.amount));
+    EXPECT_THAT(store.value("SELECT DAT_FORM FROM DS_FORM_INDUK"),
+                testing::EndsWith(std::string(";") + row.stored + ";0;0"))
+        << row.amount;
+    EXPECT_EQ(store.value("SELECT Total_Bruto FROM DS_FORM_INDUK"), row.stored) << row.amount;
+  }
+  EXPECT_THAT(store.messages().texts(), testing::IsEmpty());
+}
+
 TEST_F(ImportForms, TheTotalOfAPrizeSlipAloneKeepsItsDecimals) {
   import(Line("F113309").with(45, "15,5"));
   EXPECT_THAT(store.value("SELECT DAT_FORM FROM DS_FORM_INDUK"), testing::EndsWith(";15,5;0"));

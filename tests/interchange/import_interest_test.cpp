@@ -53,8 +53,29 @@ TEST_F(ImportInterest, TheRateHalvesItsWayFromDepositToDeposit) {
 
 TEST_F(ImportInterest, ARateWithDecimalsIsWrittenWithAPoint) {
   Line line("F113310");
-  import(deposit(line, 1, "0", "1000", "7,5", "75"));
-  EXPECT_THAT(lines(), testing::ElementsAre("DN|DN|1000|7,5|75"));
+  deposit(line, 1, "0", "1000", "7,5", "75");
+  import(deposit(line, 2, "1", "1000", "7.5", "75"));
+  EXPECT_THAT(lines(), testing::ElementsAre("DN|DN|1000|7,5|75", "LN|LN|1000|7,5|75"));
+}
+
+TEST_F(ImportInterest, ARateOfSbiThatIsNoNumberFailsBehindTheRowsOfTheDeposits) {
+  Line line("F113310");
+  deposit(line, 1, "0", "1000", "20", "200");
+  deposit(line, 2, "1", "500", "10", "50");
+  import(line.with(35, "4000").with(36, "x").with(37, "600").with(38, "250").with(39, "20").with(40, "50"));
+  EXPECT_THAT(lines(), testing::ElementsAre("DN|DN|1000|20|200", "LN|LN|500|10|50"));
+  EXPECT_EQ(store.messages().texts().size(), 1U);
+}
+
+TEST_F(ImportInterest, ARateOfADepositThatIsNoNumberFailsBetweenTheOldRowsAndTheNew) {
+  store.run(
+      "INSERT INTO D113210 VALUES ('086556479946000', 'Maria Santoso', 'Jl. Hayam Wuruk 12', 1, 2009, 0, '08/01/2009', "
+      "'000001/PPH4', 'DN', 'DN', 1, 20, 0, '', '0')");
+  Line line("F113310");
+  deposit(line, 1, "0", "1000", "20", "200");
+  import(deposit(line, 5, "1", "500", "x", "50"));
+  EXPECT_THAT(lines(), testing::IsEmpty());
+  EXPECT_EQ(store.messages().texts().size(), 1U);
 }
 
 TEST_F(ImportInterest, TheSumsAreCutAndNotTheirItems) {
@@ -92,6 +113,21 @@ TEST_F(ImportInterest, RowsOfTheSlipThatAreThereAreReplaced) {
       "20, 0, '', '0')");
   import(line);
   EXPECT_THAT(lines(), testing::UnorderedElementsAre("DN|DN|1|20|0", "DN|DN|1000|20|200"));
+}
+
+TEST_F(ImportInterest, RowsOfAnotherPayeePeriodOrNumberStay) {
+  const char* const others[] = {"NPWP = 'x'",      "NMWP = 'x'",           "ALM = 'x'",    "MS_PAJAK = 2",
+                                "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1", "NOBUKTI = 'x'"};
+  for (const char* other : others) {
+    store.run(
+        "INSERT INTO D113210 VALUES ('086556479946000', 'Maria Santoso', 'Jl. Hayam Wuruk 12', 1, 2009, 0, "
+        "'08/01/2009', '000001/PPH4', 'new', 'DN', 1, 20, 0, '', '0')");
+    store.run(std::string("UPDATE D113210 SET JENIS = 'other', ") + other + " WHERE JENIS = 'new'");
+  }
+  Line line("F113310");
+  import(deposit(line, 1, "0", "1000", "20", "200"));
+  EXPECT_EQ(store.value("SELECT COUNT(*) AS N FROM D113210 WHERE JENIS = 'other'"), std::to_string(std::size(others)));
+  EXPECT_EQ(store.value("SELECT COUNT(*) AS N FROM D113210"), std::to_string(std::size(others) + 1));
 }
 
 TEST_F(ImportInterest, ASlipThatIsListedAlreadyGetsNoRows) {

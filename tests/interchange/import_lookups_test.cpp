@@ -83,6 +83,25 @@ TEST_F(ImportLookups, CommoditiesGetTheNextCodeAndTheFirstOfAllGetsTwo) {
               testing::ElementsAre("02|Komoditi 0|22|0"));
 }
 
+TEST_F(ImportLookups, CommoditiesOfAnotherArticleDoNotCount) {
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  store.run("INSERT INTO JENIS_KOMODITI VALUES ('50', 'Semen', 23, 0)");
+  CImporBP import;
+  import.pCreateNewKomoditi(rowsOf({"KODE_KOMODITI", "NAMA_KOMODITI"}, {{ "50", "Semen" }}));
+  EXPECT_EQ(column(import.pGetKomoditi(), "KODE_KOMODITI"), std::vector<std::string>{"02"});
+}
+
+TEST_F(ImportLookups, ExchangesComeByTheirIdAndCommoditiesByTheirCode) {
+  store.run("DELETE * FROM BURSA");
+  store.run("DELETE * FROM JENIS_KOMODITI");
+  for (const char* values : {"'Bursa C', 3", "'Bursa A', 1", "'Bursa B', 2"})
+    store.run(std::string("INSERT INTO BURSA VALUES (") + values + ")");
+  for (const char* values : {"'10', 'Baja', 22, 0", "'02', 'Semen', 22, 0"})
+    store.run(std::string("INSERT INTO JENIS_KOMODITI VALUES (") + values + ")");
+  EXPECT_EQ(column(CImporBP().pGetBursa(), "ID"), (std::vector<std::string>{"1", "2", "3"}));
+  EXPECT_EQ(column(CImporBP().pGetKomoditi(), "KODE_KOMODITI"), (std::vector<std::string>{"02", "10"}));
+}
+
 TEST_F(ImportLookups, ACommodityIsKnownByCodeAndName) {
   store.run("DELETE * FROM JENIS_KOMODITI");
   CImporBP import;
@@ -102,27 +121,42 @@ TEST_F(ImportLookups, APartnerIsRegisteredOnceTrimmedAndWithoutLineBreaks) {
   EXPECT_EQ(import.pGetDataWP()->get_RecordCount(), 1);
 }
 
+// It is looked for as the line says it and kept without its line break.
+TEST_F(ImportLookups, APartnerWhoseNameHasALineBreakIsRegisteredEachTime) {
+  CImporBP import;
+  for (int time = 0; time < 2; ++time) import.pUpdateDataWP(Variant(Variant::Array{"1", "Maria\r\nSantoso", "A"}));
+  EXPECT_EQ(store.rows("SELECT NAMA_WP_PARTNER FROM PARTNER_INFO"),
+            (std::vector<std::string>{"MariaSantoso", "MariaSantoso"}));
+}
+
 TEST_F(ImportLookups, APartnerOfTooFewElementsFails) {
   CImporBP().pUpdateDataWP(Variant(Variant::Array{"1", "2"}));
   EXPECT_EQ(store.messages().texts(), std::vector<std::string>{"Subscript out of range"});
 }
 
 TEST_F(ImportLookups, FormRowsAreFoundByArticle) {
-  for (const char* form : {"F113204", "F113309", "F113321", "F113313", "PPh24", "F113301", "F113305", "F113318"})
-    document("DS_FORM_INDUK", form, "-");
-  document("DS_FORM_INDUK", "F113309", "other month", 2);
-  document("DS_FORM_INDUK", "F113309", "other correction", 1, 1);
   struct Case {
     std::int16_t article;
     std::vector<std::string> forms;
   };
-  const std::vector<std::string> all = {"F113204", "F113309", "F113321", "F113313",
-                                        "PPh24",   "F113301", "F113305", "F113318"};
-  for (const Case& row : {Case{4, {"F113309", "F113321"}}, Case{15, {"F113313", "PPh24"}}, Case{21, {"F113301"}},
-                          Case{22, {"F113305"}}, Case{23, {"F113318"}}, Case{5, all}, Case{14, all}, Case{0, all}})
-    EXPECT_THAT(column(CImporBP().pGetRecDbase("", row.article, 1, 2009, 0), "KD_FORM"),
-                testing::UnorderedElementsAreArray(row.forms))
-        << row.article;
+  const std::vector<Case> articles = {
+      {4, {"F113309", "F113310", "F113311", "F113312", "F113316", "F113317", "F113319", "F113320", "F113321"}},
+      {15, {"F113313", "F113314", "F113315", "PPh24"}},
+      {21, {"F113301", "F113302", "F113308_A"}},
+      {22, {"F113303", "F113304", "F113305"}},
+      {23, {"F113306", "F113307", "F113308", "F113318"}}};
+  std::vector<std::string> all = {"F113204"};
+  for (const Case& row : articles) all.insert(all.end(), row.forms.begin(), row.forms.end());
+  for (const std::string& form : all) document("DS_FORM_INDUK", form.c_str(), "-");
+  document("DS_FORM_INDUK", "F113309", "other month", 2);
+  document("DS_FORM_INDUK", "F113309", "other correction", 1, 1);
+  const auto found = [](std::int16_t article) {
+    return column(CImporBP().pGetRecDbase("", article, 1, 2009, 0), "KD_FORM");
+  };
+  for (const Case& row : articles)
+    EXPECT_THAT(found(row.article), testing::UnorderedElementsAreArray(row.forms)) << row.article;
+  for (const std::int16_t other : std::initializer_list<std::int16_t>{0, 5, 14})
+    EXPECT_THAT(found(other), testing::UnorderedElementsAreArray(all)) << other;
 }
 
 TEST_F(ImportLookups, PaymentNumbersAreFoundByArticleAndTransfersAreNotAmongThem) {
@@ -131,13 +165,15 @@ TEST_F(ImportLookups, PaymentNumbersAreFoundByArticleAndTransfersAreNotAmongThem
   document("DAT_SSP_PPh22", "FAlihTnhBgn", "NTPN 3");
   document("DAT_SSP_PPh22", "FImblnPelPenLN", "NTPN 4");
   document("DAT_SSP_PPh22", "PPh22Impor", "NTPN 5");
+  document("DAT_SSP_PPh22", "PPh22MigasFinal", "NTPN 6");
+  document("DAT_SSP_PPh22", "PPh22MigasTdkFinal", "NTPN 7");
   const auto found = [](std::int16_t article) {
     return column(CImporBP().pGetNTTP("", article, 1, 2009, 0), "NOBUKTI");
   };
   EXPECT_THAT(found(4), testing::UnorderedElementsAre("NTPN 1", "NTPN 2"));
   EXPECT_THAT(found(15), testing::UnorderedElementsAre("NTPN 4"));
-  EXPECT_THAT(found(22), testing::UnorderedElementsAre("NTPN 5"));
-  EXPECT_EQ(found(21).size(), 5U);
+  EXPECT_THAT(found(22), testing::UnorderedElementsAre("NTPN 5", "NTPN 6", "NTPN 7"));
+  EXPECT_EQ(found(21).size(), 7U);
 }
 
 TEST_F(ImportLookups, TheHighestCorrectionIsZeroForAMonthWithoutRows) {

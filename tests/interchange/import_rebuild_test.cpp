@@ -5,6 +5,7 @@
 #include "tarvola/interchange/CImporBP.h"
 #include "tarvola/mainreturn/CF113204.h"
 #include "tests/interchange/interchange_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -62,6 +63,33 @@ TEST_F(ImportRebuild, BuildingTwiceMakesNoSecondRowAndLeavesTheFirst) {
   EXPECT_EQ(store.dump(), before);
 }
 
+TEST_F(ImportRebuild, TheSelfPaidListsAreMadeFirstAndTheMainFormLast) {
+  refuseWrites(store.storePath(), "INSERT", "DS_FORM_INDUK", "NEW.KD_FORM = 'D113206'");
+  build();
+  EXPECT_EQ(store.rows("SELECT KD_FORM FROM DAT_SSP_PPh22").size(), 3U);
+  EXPECT_THAT(store.rows("SELECT KD_FORM FROM DS_FORM_INDUK"), testing::IsEmpty());
+  EXPECT_EQ(store.messages().texts().size(), 1U);
+}
+
+TEST_F(ImportRebuild, AListThatCannotBeMadeEndsTheBuilding) {
+  refuseWrites(store.storePath(), "INSERT", "DAT_SSP_PPh22", "NEW.KD_FORM = 'DJasaKonstruksi'");
+  build();
+  EXPECT_THAT(store.rows("SELECT KD_FORM FROM DAT_SSP_PPh22"), testing::ElementsAre("DSewaTnhBgn"));
+  EXPECT_THAT(store.rows("SELECT KD_FORM FROM DS_FORM_INDUK"), testing::IsEmpty());
+}
+
+TEST_F(ImportRebuild, HeadersAreLookedForByTheNumberOfTheArgumentAndCarryThatOfProfile) {
+  for (int time = 0; time < 2; ++time) CImporBP().pBuildTRVPPh4("021832415000000", 1, 2009, 0, nullptr);
+  EXPECT_THAT(store.rows("SELECT NPWP FROM DS_FORM_INDUK WHERE KD_FORM = 'F113204'"),
+              testing::ElementsAre(filer, filer));
+}
+
+TEST_F(ImportRebuild, WithoutAProfileTheHeadersNameNobody) {
+  store.run("DELETE * FROM PROFILE");
+  CImporBP().pBuildTRVPPh4("", 1, 2009, 0, nullptr);
+  EXPECT_EQ(packed("D113206"), ";;;1;2009;0;0;0;0;0");
+}
+
 TEST_F(ImportRebuild, TheInterestHeaderCountsPayeesOnceAndSumsByKind) {
   interestLine("1", "DN", 100, 20);
   interestLine("1", "DN", 200, 40);
@@ -81,6 +109,26 @@ TEST_F(ImportRebuild, AnEmptyPeriodGetsAnInterestHeaderOfZeros) {
   updateD113210();
   EXPECT_EQ(packed("D113210"), head + ";0;0;0;0;0;0;0;0;0;0;0;0;0;0;0");
   EXPECT_THAT(store.messages().texts(), testing::IsEmpty());
+}
+
+TEST_F(ImportRebuild, OnlyInterestLinesOfThePeriodCount) {
+  interestLine("1", "DN", 100, 20);
+  for (const char* other : {"MS_PAJAK = 2", "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1"}) {
+    interestLine("2", "SBI", 40, 6);
+    store.run(std::string("UPDATE D113210 SET ") + other + ", JENIS = 'DN' WHERE JENIS = 'SBI'");
+  }
+  updateD113210();
+  EXPECT_EQ(packed("D113210"), head + ";1;100;20;0;0;0;0;0;0;0;0;0;1;100;20");
+}
+
+TEST_F(ImportRebuild, AnotherFilersInterestHeaderStays) {
+  CImporBP().pUpdateD113210({}, "021832415000000", 1, 2009, 0, "PT Lain", "Jl. Lain");
+  interestLine("1", "DN", 100, 20);
+  updateD113210();
+  EXPECT_THAT(
+      store.rows("SELECT NPWP, DAT_FORM FROM DS_FORM_INDUK"),
+      testing::ElementsAre("021832415000000|021832415000000;PT Lain;Jl. Lain;1;2009;0;0;0;0;0;0;0;0;0;0;0;0;0;0;0;0",
+                           std::string(filer) + "|" + head + ";1;100;20;0;0;0;0;0;0;0;0;0;1;100;20"));
 }
 
 TEST_F(ImportRebuild, TheInterestHeaderThatIsThereIsWrittenAnew) {
@@ -149,6 +197,31 @@ TEST_F(ImportRebuild, TheOlderRecountLeavesTheListOfTransfers) {
   CImporBP().pUpdateTRVPPh4_per42(filer, 1, 2009, 0);
   EXPECT_THAT(store.rows("SELECT DAT_FORM FROM DAT_SSP_PPh22 WHERE NOBUKTI = '-'"),
               testing::ElementsAre(head + ";3000;300", head + ";4500;170", head + ";0;0"));
+}
+
+TEST_F(ImportRebuild, TheMainFormIsRecountedFirstThenTheListOfSlipsThenTheSelfPaidLists) {
+  importSmallMonth([&](const Line& line) { import(line); });
+  // A recount without that list's header, and what the other headers say when its message is shown.
+  const auto whenMissing = [&](const std::string& table, const std::string& list) {
+    for (const char* of : {"DS_FORM_INDUK", "DAT_SSP_PPh22"})
+      store.run(std::string("DELETE * FROM ") + of + " WHERE NOBUKTI = '-'");
+    build();
+    const std::string blank = packed("F113204");
+    store.run("DELETE * FROM " + table + " WHERE KD_FORM = '" + list + "'");
+    std::vector<std::string> seen;
+    const MessageBoxScope scope([&](const MessageBox&) {
+      if (!seen.empty()) return;
+      seen.push_back(packed("F113204") == blank ? "blank" : "recounted");
+      for (const char* of : {"DS_FORM_INDUK WHERE KD_FORM = 'D113206'", "DAT_SSP_PPh22 WHERE NOBUKTI = '-'"})
+        for (const std::string& row : store.rows(std::string("SELECT DAT_FORM FROM ") + of)) seen.push_back(row);
+    });
+    CImporBP().pUpdateTRVPPh4(filer, 1, 2009, 0);
+    return seen;
+  };
+  EXPECT_THAT(whenMissing("DS_FORM_INDUK", "D113206"),
+              testing::ElementsAre("recounted", head + ";0;0", head + ";0;0", head + ";0;0"));
+  EXPECT_THAT(whenMissing("DAT_SSP_PPh22", "DJasaKonstruksi"),
+              testing::ElementsAre("recounted", head + ";3000;300;0;0", head + ";3000;300", head + ";0;0"));
 }
 
 TEST_F(ImportRebuild, AFailureInTheListLeavesTheMainFormRecounted) {

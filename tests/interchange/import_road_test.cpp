@@ -70,6 +70,16 @@ TEST_F(ImportRoad, TheFormRowIsLookedForByTheNumberOfTheArgumentWhileItCarriesTh
   EXPECT_THAT(store.rows("SELECT NPWP FROM DS_FORM_INDUK"), testing::Each("013121660091000"));
 }
 
+TEST_F(ImportRoad, ASlipOfAnotherPeriodOrFormIsAnotherSlip) {
+  import(Line("F113319"));
+  CImporBP().pImporPPh4(Line("F113319").array(), filer, 2, 2009, 0);
+  CImporBP().pImporPPh4(Line("F113319").array(), filer, 1, 2010, 0);
+  CImporBP().pImporPPh4(Line("F113319").array(), filer, 1, 2009, 1);
+  EXPECT_EQ(counts(), "4 4 0 0");
+  import(Line("F113321"));
+  EXPECT_EQ(counts(), "5 4 0 0");
+}
+
 TEST_F(ImportRoad, NumbersAreComparedWithoutRegardToCase) {
   import(Line("F113319", "000001/PPH4"));
   import(Line("F113319", "000001/pph4"));

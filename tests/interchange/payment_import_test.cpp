@@ -11,8 +11,10 @@
 #include "tarvola/runtime/error_texts.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/regional_settings.h"
+#include "tarvola/store/document_key.h"
 #include "tarvola/store/field_access.h"
 #include "tests/interchange/payment_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -109,6 +111,15 @@ TEST_F(PaymentImport, FailsOverTheLineOfTitles) {
               ElementsAre(description(ErrorNumber::TypeMismatch), description(ErrorNumber::TypeMismatch)));
 }
 
+TEST_F(PaymentImport, ReadsTheArticleBeforeTheFiler) {
+  dropTable(store.storePath(), "PROFILE");
+  import("Kode Pasal Untuk SSP / Kode Pasal Untuk PBK ; Masa Pajak SSP / Masa(Bulan) Berlaku PBK");
+  EXPECT_THAT(store.messages().texts(), ElementsAre(description(ErrorNumber::TypeMismatch)));
+  store.messages().clear();
+  import("XXX4;1;2009;0");
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("PROFILE"))) << "and the filer before the word";
+}
+
 TEST_F(PaymentImport, StoresUnderAnEmptyNumberWithoutAProfile) {
   store.run("DELETE * FROM PROFILE");
   import(payment);
@@ -125,6 +136,11 @@ TEST_F(PaymentImport, StoresAPaymentWithoutANumberUnderKeyZeroAfterTheMessageOfI
   EXPECT_THAT(store.payments(), ElementsAre("0|4|013121660091000|1|2009|0|411128|402|10/02/2009|0000000000000000|"
                                             "1500000||"));
   EXPECT_THAT(store.messages().texts(), ElementsAre(criteriaMismatchText()));
+}
+
+TEST(PaymentMonth, HasSixCharactersForAMonthOfOneDigitAndOfTwo) {
+  EXPECT_EQ(store::monthText(1, 2009), "012009");
+  EXPECT_EQ(store::monthText(12, 2009), "122009");
 }
 
 TEST_F(PaymentImport, StoresAPaymentWithoutANumberEachTime) {
@@ -280,6 +296,8 @@ TEST_F(PaymentImport, ShowsTheTransfersOfAMonth) {
   store.transfer({.number = "mine"});
   store.transfer({.number = "foreign", .npwp = "099999999000000"});
   store.transfer({.number = "month", .month = 2});
+  store.transfer({.number = "year", .year = 2010});
+  store.transfer({.number = "article", .article = 23});
   const RecordsetPtr found = importer.pGetPBK(PaymentStore::filer, 4, 1, 2009);
   ASSERT_NE(found, nullptr);
   EXPECT_EQ(found->get_RecordCount(), 1);
@@ -312,6 +330,20 @@ TEST_F(PaymentImport, ShowsFewerKindsOfPaymentThanTheExportWrites) {
   EXPECT_EQ(shown->get_RecordCount(), 2);
   CEksporSSPPBK().pEksporSSP(PaymentStore::filer, 4, 1, 2009, store.path("payments.csv"), 0);
   EXPECT_EQ(split(store.folder().read("payments.csv"), '\n').size(), 6U) << "titles, four payments, the last line end";
+}
+
+TEST_F(PaymentImport, ShowsAccountsAndKindsOfPaymentOneByOne) {
+  static constexpr const char* kinds[] = {"100", "199", "300", "310", "312", "320", "322", "401",
+                                          "402", "403", "404", "405", "406", "407", "408", "409",
+                                          "417", "418", "419", "499", "500", "501", "510", "511"};
+  for (const char* kind : kinds) store.payment({.account = "0173", .kind = kind});
+  for (const char* account : {"0118", "0171", "0172", "411128"}) store.payment({.account = account});
+  for (const char* kind : {"101", "390", "410", "416", "900"}) store.payment({.number = "other", .kind = kind});
+  for (const char* account : {"0174", "411121"}) store.payment({.number = "other", .account = account});
+  const RecordsetPtr shown = importer.pGetSSP("", 4, "1", "2009", "0");
+  ASSERT_NE(shown, nullptr);
+  EXPECT_EQ(shown->get_RecordCount(), static_cast<std::int32_t>(std::size(kinds) + 4));
+  for (; !shown->get_EOF(); shown->MoveNext()) EXPECT_NE(store::fieldText(shown, "NTPP"), "other");
 }
 
 TEST_F(PaymentImport, ShowsNothingForAPeriodThatIsNoNumber) {

@@ -7,6 +7,7 @@
 #include "tarvola/runtime/regional_settings.h"
 #include "tarvola/store/DatFormConverter.h"
 #include "tests/interchange/report_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -164,6 +165,18 @@ TEST_F(ReportedLines, OnlyDocumentsOfThePeriodAndOfTheReportCome) {
   EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
 }
 
+TEST_F(ReportedLines, DocumentsOfAnotherPeriodOrKindOfTaxDoNotCome) {
+  store.mainReturn();
+  for (const char* other : {"MS_PAJAK = 2", "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1", "KD_JENIS_PAJAK = '999'"}) {
+    store.document("F113319", "slip");
+    store.document("FSewaTnhBgn", "form");
+    store.run(std::string("UPDATE DS_FORM_INDUK SET KD_FORM = 'F113320', ") + other + " WHERE KD_FORM = 'F113319'");
+    store.run(std::string("UPDATE DAT_SSP_PPh22 SET KD_FORM = 'FAlihTnhBgn', ") + other +
+              " WHERE KD_FORM = 'FSewaTnhBgn'");
+  }
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
+}
+
 TEST_F(ReportedLines, APeriodWithoutD113210EndsWithAnEmptyLine) {
   store.mainReturn();
   EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
@@ -267,6 +280,14 @@ TEST_F(ReportedLines, ACorrectionOfPaymentsThatIsNoNumberCostsThePaymentLines) {
   EXPECT_THAT(store.messages().texts(), ElementsAre("Type mismatch", testing::HasSubstr("Berhasil")));
 }
 
+TEST_F(ReportedLines, TheTableOfAccountCodesIsReadFirstOfAllAndAlsoForNoPayments) {
+  store.mainReturn();
+  store.compensation("PBK-1");
+  dropTable(store.storePath(), "REF_SSP_NEW");
+  EXPECT_THAT(store.reportedLines({.paymentsCorrection = "x"}), ElementsAre(profileLine, mainLine(), ""));
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("REF_SSP_NEW"), testing::HasSubstr("Berhasil")));
+}
+
 TEST_F(ReportedLines, TheMainReturnShowsItsStatusAndTheAmountThatTheCallerNames) {
   store.mainReturn();
   EXPECT_EQ(store.reportedLines({.status = 255, .dJmlNKLB = 1234567.5}).at(1),
@@ -296,6 +317,15 @@ TEST_F(ReportedLines, AFormCodeInAnotherSpellingRepeatsTheLineBefore) {
   store.document("F113320", "second", 0, "f113320");
   EXPECT_THAT(store.reportedLines(),
               ElementsAre(profileLine, mainLine(), "113;15;F113319;first;", "113;15;F113319;first;", ""));
+}
+
+TEST_F(ReportedLines, BehindTheClosingListItsLineIsTheOneThatIsRepeated) {
+  store.mainReturn();
+  store.document("F113319", "slip");
+  store.document("D113210", "list");
+  store.document("FSewaTnhBgn", "form", 0, "fsewatnhbgn");
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), "113;15;F113319;slip;",
+                                                 "113;20;D113210;list;10/02/2009;", "113;20;D113210;list;10/02/2009;"));
 }
 
 TEST_F(ReportedLines, AReturnWithoutNamedFieldsLeavesTheLineBefore) {

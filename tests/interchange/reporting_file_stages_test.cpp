@@ -7,6 +7,7 @@
 #include "tarvola/runtime/errors.h"
 #include "tests/interchange/other_ciphers.h"
 #include "tests/interchange/report_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -97,9 +98,52 @@ TEST_F(ReportedFile, APeriodWithoutMainReturnIsRefusedAndAnExistingFileStays) {
   EXPECT_EQ(store.reportBytes(), "as it was");
 }
 
+TEST_F(ReportedFile, AMainReturnOfAnotherKindOfTaxIsNone) {
+  store.mainReturn();
+  store.run("UPDATE DS_FORM_INDUK SET KD_JENIS_PAJAK = '999'");
+  store.writeReport();
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::EndsWith("Proses Pelaporan Data Dibatalkan")));
+}
+
 TEST_F(ReportedFile, ARefusedPeriodMakesNoFile) {
   store.writeReport();
   EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(ReportedFile, IsMadeBeforeTheProfileIsRead) {
+  store.mainReturn();
+  store.folder().write("report", "as it was");
+  dropTable(store.storePath(), "PROFILE");
+  store.writeReport();
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("PROFILE")));
+  EXPECT_EQ(store.reportBytes(), "");
+}
+
+TEST_F(ReportedFile, HoldsTheProfileBeforeTheDocumentsAreSelected) {
+  store.mainReturn();
+  dropTable(store.storePath(), "DAT_SSP_PPh22");
+  store.writeReport();
+  EXPECT_THAT(store.messages().texts(), ElementsAre(testing::HasSubstr("DAT_SSP_PPh22")));
+  EXPECT_EQ(store.reportBytes(), std::string(profileLine) + "\r\n");
+}
+
+TEST_F(ReportedFile, IsFinishedWhenItsMessageIsShown) {
+  store.mainReturn();
+  std::string bytesAtMessage;
+  {
+    const MessageBoxScope scope([&](const MessageBox&) { bytesAtMessage = store.reportBytes(); });
+    store.writeReport();
+  }
+  EXPECT_EQ(bytesAtMessage, store.reportBytes());
+  EXPECT_THAT(readReportingFile(path_, "rahasia").lines, ElementsAre(profileLine, mainLine(), ""));
+}
+
+TEST_F(ReportedFile, IsEmptyWhereTheCipherFails) {
+  store.mainReturn();
+  ReportWriter writer(object);
+  writer.random = [](std::span<std::uint8_t>) { fail(ErrorNumber::CannotCreateObject); };
+  EXPECT_THROW(write(writer), RunTimeError);
+  EXPECT_EQ(store.reportBytes(), "") << "the file of the stage before is gone when the cipher begins";
 }
 
 TEST_F(ReportedFile, ReplacesALongerFile) {

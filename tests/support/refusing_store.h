@@ -23,4 +23,13 @@ inline void refuseWrites(const std::string& path, const std::string& write, cons
                       condition + " BEGIN SELECT RAISE(ABORT, 'refused'); END");
 }
 
+/// Takes a table out of a store, as a store of another program may lack it.
+inline void dropTable(const std::string& path, const std::string& table) {
+  sqlite3* handle = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(handle, ("DROP TABLE " + table).c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+      << sqlite3_errmsg(handle);
+  sqlite3_close(handle);
+}
+
 }  // namespace tarvola::test
