@@ -1,9 +1,7 @@
 #include "bench/roads/road_export.h"
 
-#include <cstdio>
-#include <memory>
-
 #include "bench/roads/bare_store.h"
+#include "bench/roads/line_file.h"
 #include "bench/roads/month_maker.h"
 #include "tarvola/tarvola.h"
 
@@ -29,17 +27,9 @@ void exportOnce(const BenchStore& store) {
   setMessageBoxHandler({});
 }
 
-std::vector<std::string> linesOf(const std::string& path) {
-  std::vector<std::string> lines;
-  LineReader reader = LineReader::open(path);
-  for (std::string_view line; reader.next(line);) lines.emplace_back(std::string(line) + "\r\n");
-  return lines;
-}
-
 void floorOnce(BareStatement& select, const std::vector<std::string>& lines, const std::string& path) {
   select.run({std::int64_t{0}, std::int64_t{benchYear}, std::int64_t{benchMonth}});
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
-  for (const std::string& line : lines) std::fwrite(line.data(), 1, line.size(), file.get());
+  writeLines(lines, path);
 }
 
 }  // namespace
