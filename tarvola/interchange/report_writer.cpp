@@ -2,9 +2,10 @@
 
 #include <array>
 
-#include "tarvola/interchange/CompressZIt.h"
 #include "tarvola/interchange/report_lines.h"
+#include "tarvola/interchange/report_rows.h"
 #include "tarvola/interchange/report_texts.h"
+#include "tarvola/interchange/zlib_codec.h"
 #include "tarvola/runtime/progress.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/failure_rule.h"
@@ -35,28 +36,25 @@ Statement selectHeader(const ReportOrder& order) {
   return Statement("SELECT * FROM DS_FORM_INDUK WHERE ") << periodCondition(order) << "KD_FORM = 'F113204'";
 }
 
-/// Main return and slips, each form's rows together, and behind them all self-paid forms.
-Statement selectDocuments(const ReportOrder& order) {
-  return Statement(
-             "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-             " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP,FlagNPWP "
-             " FROM DS_FORM_INDUK WHERE ")
+// The documents of a report are those of each table ordered by JENIS_DOKUMEN. The store would carry every packed text
+// through its sort, so it is asked for the rows alone, and of their columns for those that a line is made of.
+
+/// Main return and slips.
+Statement selectSlips(const ReportOrder& order) {
+  return Statement("SELECT JENIS_DOKUMEN,KD_FORM,DAT_FORM FROM DS_FORM_INDUK WHERE ")
          << periodCondition(order)
          << "(KD_FORM = 'F113204' OR KD_FORM = 'F113309' OR KD_FORM = 'F113310' OR "
             "KD_FORM = 'F113311' OR KD_FORM = 'F113312' OR KD_FORM = 'F113316' OR "
             "KD_FORM = 'F113317' OR KD_FORM = 'F113319' OR "
-            " KD_FORM = 'F113320' OR KD_FORM = 'F113321' OR KD_FORM = 'D113210') "
-            "ORDER BY JENIS_DOKUMEN ASC "
-            "UNION ALL "
-            "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-            " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP, 0 as FlagNPWP "
-            " FROM DAT_SSP_PPh22 WHERE "
-         << periodCondition(order)
-         << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn') "
-            "ORDER BY JENIS_DOKUMEN ASC ";
+            " KD_FORM = 'F113320' OR KD_FORM = 'F113321' OR KD_FORM = 'D113210')";
 }
 
-std::string_view textOf(const ado::Cell& cell) { return cell.isText() ? cell.text() : std::string_view(); }
+/// The self-paid forms, which stand behind all of those.
+Statement selectSelfPaidForms(const ReportOrder& order) {
+  return Statement("SELECT JENIS_DOKUMEN,KD_FORM,DAT_FORM FROM DAT_SSP_PPh22 WHERE ")
+         << periodCondition(order)
+         << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn')";
+}
 
 std::string trimmedField(const RecordsetPtr& rows, std::string_view field) {
   return std::string(Trim(fieldTextOr(rows, field, "")));
@@ -139,8 +137,7 @@ void ReportWriter::writeLines(const ReportOrder& order) {
   const RecordsetPtr header = store_.execute(selectHeader(order));
   TextFile file = TextFile::create(std::string(order.fileName));
   writeProfile(order, file);
-  std::string closingLine;
-  writeDocuments(order, header, file, closingLine);
+  const std::string closingLine = writeDocuments(order, header, file);
   pWriteSSPPBK(order.npwp, store::taxArticle, order.month, order.year, file, order.paymentsCorrection);
   file.WriteLine(closingLine);
   file.Close();
@@ -156,29 +153,23 @@ void ReportWriter::writeProfile(const ReportOrder& order, TextFile& file) {
   file.WriteLine(line);
 }
 
-void ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file,
-                                  std::string& closingLine) {
-  const RecordsetPtr rows = store_.execute(selectDocuments(order));
-  const std::size_t jenisDokumen = rows->column("JENIS_DOKUMEN");
-  const std::size_t kdForm = rows->column("KD_FORM");
-  const std::size_t datForm = rows->column("DAT_FORM");
-  Progress progress("Writing the reporting file", static_cast<std::uint64_t>(rows->get_RecordCount()));
+std::string ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file) {
+  const RecordsetPtr slips = store_.execute(selectSlips(order));
+  const RecordsetPtr selfPaidForms = store_.execute(selectSelfPaidForms(order));
+  Progress progress("Writing the reporting file", slips->rows()->count() + selfPaidForms->rows()->count());
   std::uint64_t doneCount = 0;
   ReportLines lines;
-  std::string code;
-  forEachRow(rows, [&] {
-    code.clear();
-    if (const ado::Cell cell = rows->cell(jenisDokumen); !cell.isNull()) cell.appendText(code);
-    const ReportDocument document{
-        .jenisDokumen = code, .kdForm = textOf(rows->cell(kdForm)), .datForm = textOf(rows->cell(datForm))};
+  const auto write = [&](const ReportDocument& document) {
     if (document.kdForm == store::F113204.kdForm)
       lines.addMainReturn(document, order.status, order.dJmlNKLB, store_.expand(document.kdForm, header));
     else
       lines.addForm(document);
     if (document.kdForm != store::D113210.kdForm) file.WriteLine(lines.line());
     progress.done(++doneCount);
-  });
-  closingLine = lines.closingLine();
+  };
+  forEachDocument(*slips->rows(), write);
+  forEachDocument(*selfPaidForms->rows(), write);
+  return lines.closingLine();
 }
 
 /// A failure here shows, and the report goes on without the lines that are missing: so it stands.
@@ -210,23 +201,28 @@ void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, 
   forEachRow(rows, [&] { file.WriteLine(compensationLine(rows, article, month, year)); });
 }
 
+// The bytes of the code page are handed on as they are: a compressed text is as good a text of it as any, and nothing
+// would come of turning it into characters and back.
+
 /// The second stage. What the compression says is not looked at: a text that could not be compressed stands behind its
 /// length as it is.
 void ReportWriter::compress(const std::string& path) {
   std::int64_t lengthBytes = 0;
-  std::string text = reader.pReadFileSize(path, lengthBytes);
+  std::string text = reader.readBytes(path, lengthBytes);
   TextFile file = TextFile::create(path);
-  CompressZIt().CompressString(text);
-  file.WriteLine(lengthText(lengthBytes) + text);
+  compressBytes(text, roomToCompress(text.size()), text);
+  file.WriteBytes(lengthText(lengthBytes));
+  file.WriteBytes(text);
+  file.WriteLine("");
   file.Close();
 }
 
 /// The third stage. The Base64 ends its own last line, and the file has one more line end behind it.
 void ReportWriter::encipherFile(const std::string& path, std::string_view secretSource) {
   std::int64_t lengthBytes = 0;
-  const std::string text = reader.pReadFileSize(path, lengthBytes);
+  const std::string text = reader.readBytes(path, lengthBytes);
   TextFile file = TextFile::create(path);
-  encipher(text, funcHashData(secretSource), random, [&](std::string_view line) { file.WriteLine(line); });
+  encipherAnsi(text, funcHashData(secretSource), random, [&](std::string_view line) { file.WriteLine(line); });
   file.WriteLine("");
   file.Close();
 }

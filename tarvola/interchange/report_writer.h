@@ -49,7 +49,7 @@ class ReportWriter {
  private:
   void writeLines(const ReportOrder& order);
   void writeProfile(const ReportOrder& order, TextFile& file);
-  void writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file, std::string& closingLine);
+  std::string writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file);
   void compress(const std::string& path);
   void encipherFile(const std::string& path, std::string_view secretSource);
 

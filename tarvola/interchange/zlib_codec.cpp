@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <new>
@@ -33,6 +34,11 @@ std::int32_t fill(std::size_t roomBytes, std::string& result, Call call) noexcep
 }
 
 }  // namespace
+
+std::size_t roomToCompress(std::size_t sourceBytes) noexcept {
+  const auto length = static_cast<double>(sourceBytes);
+  return static_cast<std::size_t>(std::nearbyint(length + length * 0.01 + 12));
+}
 
 std::int32_t compressBytes(std::string_view source, std::size_t roomBytes, std::string& packed) noexcept {
   return fill(roomBytes, packed, [&](Bytef* to, uLongf* size) {
