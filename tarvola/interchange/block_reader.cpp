@@ -41,6 +41,16 @@ std::string BlockReader::pReadFileSize(const std::string& strFile, std::int64_t&
   return {};
 }
 
+void BlockReader::settleBlockBytes() noexcept {
+  if (blockBytes == 0) blockBytes = usualBlockBytes;
+  blockBytes = std::min(blockBytes, largestBlockBytes);
+}
+
+bool BlockReader::readsWhole(std::int64_t lengthBytes) noexcept {
+  settleBlockBytes();
+  return lengthBytes <= blockBytes;
+}
+
 std::string BlockReader::readBytes(const std::string& path, std::int64_t& lengthBytes) noexcept try {
   lastErrorNumber = 0;
   lastErrorText.clear();
@@ -51,8 +61,7 @@ std::string BlockReader::readBytes(const std::string& path, std::int64_t& length
     lastErrorText = emptyFileText;
     return {};
   }
-  if (blockBytes == 0) blockBytes = usualBlockBytes;
-  blockBytes = std::min(blockBytes, largestBlockBytes);
+  settleBlockBytes();
   return lastBytes(file, lengthBytes, lastBlockBytes(lengthBytes, blockBytes));
 } catch (...) {
   return {};

@@ -19,8 +19,13 @@ class BlockReader {
   std::string pReadFile(const std::string& strFile) noexcept;
   /// The same, with the length of the file in bytes: of all of it, whatever comes back.
   std::string pReadFileSize(const std::string& strFile, std::int64_t& lengthBytes) noexcept;
+  /// Whether a file of such a length comes back whole. That the reading sets the block size, this does too.
+  bool readsWhole(std::int64_t lengthBytes) noexcept;
   /// The bytes of which pReadFileSize makes its text.
   std::string readBytes(const std::string& path, std::int64_t& lengthBytes) noexcept;
+
+ private:
+  void settleBlockBytes() noexcept;
 };
 
 }  // namespace tarvola::interchange

@@ -1,6 +1,7 @@
 #include "tarvola/interchange/report_writer.h"
 
 #include <array>
+#include <optional>
 
 #include "tarvola/interchange/report_lines.h"
 #include "tarvola/interchange/report_rows.h"
@@ -127,15 +128,15 @@ ReportedPeriod periodOf(const ReportOrder& order) {
 void ReportWriter::write(const ReportOrder& order) {
   if (store::isEmptyResult(store_.execute(selectHeader(order)))) return showNothingToReport(periodOf(order));
   const std::string path(order.fileName);
-  writeLines(order);
-  compress(path);
+  const RecordsetPtr header = store_.execute(selectHeader(order));
+  PlainStage plain(path);
+  writeLines(order, header, plain);
+  compress(path, plain);
   encipherFile(path, order.secretSource);
   showReportWritten(periodOf(order), order.fileName);
 }
 
-void ReportWriter::writeLines(const ReportOrder& order) {
-  const RecordsetPtr header = store_.execute(selectHeader(order));
-  TextFile file = TextFile::create(std::string(order.fileName));
+void ReportWriter::writeLines(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
   writeProfile(order, file);
   const std::string closingLine = writeDocuments(order, header, file);
   pWriteSSPPBK(order.npwp, store::taxArticle, order.month, order.year, file, order.paymentsCorrection);
@@ -143,7 +144,7 @@ void ReportWriter::writeLines(const ReportOrder& order) {
   file.Close();
 }
 
-void ReportWriter::writeProfile(const ReportOrder& order, TextFile& file) {
+void ReportWriter::writeProfile(const ReportOrder& order, PlainStage& file) {
   const RecordsetPtr profile = store_.execute("SELECT * FROM PROFILE");
   if (profile->get_RecordCount() == 0) return;
   std::string line(store::taxKind);
@@ -153,7 +154,7 @@ void ReportWriter::writeProfile(const ReportOrder& order, TextFile& file) {
   file.WriteLine(line);
 }
 
-std::string ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file) {
+std::string ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
   const RecordsetPtr slips = store_.execute(selectSlips(order));
   const RecordsetPtr selfPaidForms = store_.execute(selectSelfPaidForms(order));
   Progress progress("Writing the reporting file", slips->rows()->count() + selfPaidForms->rows()->count());
@@ -174,7 +175,7 @@ std::string ReportWriter::writeDocuments(const ReportOrder& order, const Records
 
 /// A failure here shows, and the report goes on without the lines that are missing: so it stands.
 void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
-                                TextFile& file, std::string_view sCorr) noexcept {
+                                PlainStage& file, std::string_view sCorr) noexcept {
   guarded([&] {
     const std::int16_t month = CInt(Variant(sMsPjk));
     const std::int16_t year = CInt(Variant(sThPjk));
@@ -184,7 +185,7 @@ void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::stri
 }
 
 void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                                 TextFile& file) {
+                                 PlainStage& file) {
   const RecordsetPtr codes = store_.open("SELECT * FROM REF_SSP_NEW");
   const RecordsetPtr payments = store_.open(Statement("SELECT * FROM DATSSP WHERE MsPjk = ")
                                             << std::int32_t{month} << " AND THPJK=" << std::int32_t{year}
@@ -194,7 +195,7 @@ void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::
 }
 
 /// All of the month's, whatever correction they came with: the selection knows none.
-void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, TextFile& file) {
+void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, PlainStage& file) {
   const RecordsetPtr rows = store_.open(Statement("SELECT * FROM datPBKPPhMasa WHERE PASAL = ")
                                         << std::int32_t{article} << " AND MsPjkPBK = " << std::int32_t{month}
                                         << " AND ThPjkPBK = " << std::int32_t{year});
@@ -204,14 +205,21 @@ void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, 
 // The bytes of the code page are handed on as they are: a compressed text is as good a text of it as any, and nothing
 // would come of turning it into characters and back.
 
-/// The second stage. What the compression says is not looked at: a text that could not be compressed stands behind its
-/// length as it is.
-void ReportWriter::compress(const std::string& path) {
+/// What stands behind the length in the second stage: the text compressed, or the text itself if that failed.
+std::string ReportWriter::compressed(const std::string& path, PlainStage& plain) {
+  std::optional<std::string> packed = plain.compressed();
+  if (packed && reader.readsWhole(plain.lengthBytes())) return std::move(*packed);
   std::int64_t lengthBytes = 0;
   std::string text = reader.readBytes(path, lengthBytes);
-  TextFile file = TextFile::create(path);
   compressBytes(text, roomToCompress(text.size()), text);
-  file.WriteBytes(lengthText(lengthBytes));
+  return text;
+}
+
+/// The second stage. What the compression says is not looked at: so it stands.
+void ReportWriter::compress(const std::string& path, PlainStage& plain) {
+  const std::string text = compressed(path, plain);
+  TextFile file = TextFile::create(path);
+  file.WriteBytes(lengthText(plain.lengthBytes()));
   file.WriteBytes(text);
   file.WriteLine("");
   file.Close();
