@@ -36,20 +36,16 @@ Statement periodCondition(const ExportPeriod& period) {
                                            << " AND MS_PAJAK = " << bare(period.month) << " AND ";
 }
 
-/// All slips and behind them all self-paid forms of a period, in the order in which the store hands them over.
+/// All slips and behind them all self-paid forms of a period, in the order in which the store hands them over. Every
+/// field of a line stands in the packed text, so nothing is fetched but that and what finds a document.
 Statement selectDocuments(const ExportPeriod& period) {
-  return Statement(
-             "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-             " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP,FlagNPWP "
-             " FROM DS_FORM_INDUK WHERE ")
+  return Statement("SELECT KD_FORM,NOBUKTI,DAT_FORM FROM DS_FORM_INDUK WHERE ")
          << periodCondition(period)
          << "(KD_FORM = 'F113309' OR KD_FORM = 'F113310' OR KD_FORM = 'F113311' OR "
             "KD_FORM = 'F113312' OR KD_FORM = 'F113316' OR KD_FORM = 'F113317' OR "
             "KD_FORM = 'F113319' OR KD_FORM = 'F113320' OR KD_FORM = 'F113321') "
             "UNION ALL "
-            " SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-            " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP, 0 as FlagNPWP "
-            " FROM DAT_SSP_PPh22 WHERE "
+            " SELECT KD_FORM,NOBUKTI,DAT_FORM FROM DAT_SSP_PPh22 WHERE "
          << periodCondition(period)
          << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn')";
 }
