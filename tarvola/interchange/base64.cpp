@@ -30,11 +30,18 @@ constexpr std::array<std::int8_t, 256> meanings = [] {
 
 constexpr std::size_t charactersInGroup = 4;
 
+/// The two characters of each twelve bits.
+constexpr std::array<std::array<char, 2>, 4096> pairs = [] {
+  std::array<std::array<char, 2>, 4096> table{};
+  for (std::size_t bits = 0; bits < table.size(); ++bits) table[bits] = {alphabet[bits >> 6], alphabet[bits & 0x3FU]};
+  return table;
+}();
+
 /// The four characters of three bytes.
 void putGroup(char* to, const char* bytes) {
   std::uint32_t bits = 0;
   for (std::size_t i = 0; i < bytesInGroup; ++i) bits = (bits << 8) | static_cast<unsigned char>(bytes[i]);
-  for (std::size_t i = 0; i < charactersInGroup; ++i) to[i] = alphabet[(bits >> (18 - 6 * i)) & 0x3FU];
+  for (const auto& pair : {pairs[bits >> 12], pairs[bits & 0xFFFU]}) to = std::copy(pair.begin(), pair.end(), to);
 }
 
 /// The four characters of one or two bytes, which end the text.
