@@ -93,7 +93,7 @@ class EncipheredLines {
 /// Bytes of the code page that are worked on at a time: whole blocks as UTF-16, and little enough to stay in the
 /// processor's cache on their way.
 constexpr std::size_t pieceBytes = 16 * 1024;
-static_assert(2 * pieceBytes % blockBytes == 0);
+static_assert(pieceBytes % (blockBytes / 2) == 0);
 
 }  // namespace
 
@@ -104,7 +104,8 @@ void fillFromSystem(std::span<std::uint8_t> bytes) {
 
 void encipher(std::string_view content, std::string_view password, const RandomSource& random, const LineSink& sink) {
   std::string utf16 = toUtf16(content);
-  EncipheredLines(utf16.size(), password, random, sink).addLast(std::move(utf16));
+  EncipheredLines lines(utf16.size(), password, random, sink);
+  lines.addLast(std::move(utf16));
 }
 
 void encipherAnsi(std::string_view bytes, std::string_view password, const RandomSource& random, const LineSink& sink) {
