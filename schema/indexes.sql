@@ -33,6 +33,10 @@ CREATE INDEX D113210_KIND ON D113210 (TH_PAJAK, MS_PAJAK, KD_PEMBETULAN_KE, JENI
 
 CREATE INDEX DATSSP_PERIOD ON DATSSP (ThPjk, MsPjk, KodePasal);
 CREATE INDEX datPBKPPhMasa_PERIOD ON datPBKPPhMasa (ThPjkPBK, MsPjkPBK);
+-- One payment and one transfer, which an import looks for before it adds one. As many columns of the question stand in
+-- them that they are preferred to the indexes of the period.
+CREATE INDEX DATSSP_NUMBER ON DATSSP (NTPP, ThPjk, MsPjk, KodePasal);
+CREATE INDEX datPBKPPhMasa_NUMBER ON datPBKPPhMasa (NoBuktiPBK, ThPjkPBK, MsPjkPBK, PASAL);
 CREATE INDEX PARTNER_INFO_NPWP ON PARTNER_INFO (NPWP_PARTNER);
 CREATE INDEX DS_REF_JENIS_PAJAK_KIND ON DS_REF_JENIS_PAJAK (KD_JENIS_PAJAK, KD_DOK_TRV);
 

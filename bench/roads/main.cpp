@@ -1,9 +1,10 @@
 // Measures the roads of the library beside their floors: what the same reads and writes cost on a bare prepared SQLite
 // handle under the same journal settings.
 //
-//   bench_roads [months] [SIZE ...]     sizes in slips, 1000 10000 100000 without any; "months" leaves out the roads of
-//   single
-//                                       documents
+//   bench_roads [months|life] [SIZE ...]
+//
+// Sizes are in slips, 1000 10000 100000 without any. "months" leaves out the roads of single documents and of a
+// return's later life; "life" measures only that: correction copy, removal, payments, reporting file.
 
 #include <fmt/format.h>
 
@@ -12,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/roads/life_roads.h"
 #include "bench/roads/measure.h"
 #include "bench/roads/road_documents.h"
 #include "bench/roads/road_export.h"
@@ -23,7 +25,9 @@ using namespace tarvola::bench;
 namespace {
 
 struct Order {
-  bool monthsOnly = false;
+  bool months = true;
+  bool documents = true;
+  bool life = true;
   std::vector<std::int64_t> sizes;
 };
 
@@ -32,7 +36,9 @@ Order orderFrom(int count, char** words) {
   for (int i = 1; i < count; ++i) {
     const std::string_view word = words[i];
     if (word == "months")
-      order.monthsOnly = true;
+      order.documents = order.life = false;
+    else if (word == "life")
+      order.documents = order.months = false;
     else
       order.sizes.push_back(std::strtoll(words[i], nullptr, 10));
   }
@@ -40,14 +46,20 @@ Order orderFrom(int count, char** words) {
   return order;
 }
 
-void measureAll(const Order& order) {
-  const std::vector<std::int64_t>& sizes = order.sizes;
+// Peaks are taken in child processes, which begin as large as this one is: so all of them come first.
+
+std::vector<LifeRoads> lifeRoads(const Order& order) {
+  std::vector<LifeRoads> roads;
+  if (!order.life) return roads;
+  for (const std::int64_t size : order.sizes) roads.emplace_back(size);
+  return roads;
+}
+
+void measureMonths(const std::vector<std::int64_t>& sizes, std::vector<Measurement>& all) {
   std::vector<double> importPeaks;
   std::vector<double> exportPeaks;
   for (const std::int64_t size : sizes) importPeaks.push_back(importPeakMib(size));
   for (const std::int64_t size : sizes) exportPeaks.push_back(exportPeakMib(size));
-
-  std::vector<Measurement> all;
   for (std::size_t i = 0; i < sizes.size(); ++i) {
     all.push_back(measureImport(sizes[i]));
     all.back().peakMib = importPeaks[i];
@@ -57,9 +69,18 @@ void measureAll(const Order& order) {
     all.back().peakMib = exportPeaks[i];
   }
   for (const std::int64_t size : sizes) all.push_back(measureRecount(size));
-  const std::vector<std::int64_t> documentSizes = {100, sizes.back()};
-  for (const std::int64_t size : order.monthsOnly ? std::vector<std::int64_t>() : documentSizes)
-    for (const Measurement& each : measureDocuments(size)) all.push_back(each);
+}
+
+void measureAll(const Order& order) {
+  const std::vector<LifeRoads> life = lifeRoads(order);
+  std::vector<Measurement> all;
+  if (order.months) measureMonths(order.sizes, all);
+  for (const LifeRoads& roads : life)
+    for (const Measurement& each : roads.measure()) all.push_back(each);
+  if (order.documents) {
+    for (const std::int64_t size : {std::int64_t{100}, order.sizes.back()})
+      for (const Measurement& each : measureDocuments(size)) all.push_back(each);
+  }
   printMeasurements(all);
 }
 

@@ -5,15 +5,44 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
+#include <vector>
 
 namespace tarvola::bench {
+
+namespace {
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+}  // namespace
 
 double seconds(const std::function<void()>& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+int runsFor(std::int64_t slips) {
+  if (slips <= 1000) return 21;
+  return slips <= 10000 ? 7 : 3;
+}
+
+void takeMedians(Measurement& result, int runs, const std::function<double()>& ours,
+                 const std::function<double()>& floor) {
+  std::vector<double> oursSeconds;
+  std::vector<double> floorSeconds;
+  for (int run = 0; run < runs; ++run) {
+    oursSeconds.push_back(ours());
+    floorSeconds.push_back(floor());
+  }
+  result.ours = median(std::move(oursSeconds));
+  result.floor = median(std::move(floorSeconds));
 }
 
 double peakMibOf(const std::function<void()>& work) {
@@ -30,7 +59,12 @@ double peakMibOf(const std::function<void()>& work) {
   return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-void printMeasurements(const std::vector<Measurement>& all) {
+void printMeasurements(std::vector<Measurement> all) {
+  std::map<std::string, std::size_t> places;
+  for (const Measurement& each : all) places.try_emplace(each.road, places.size());
+  std::stable_sort(all.begin(), all.end(), [&](const Measurement& left, const Measurement& right) {
+    return places[left.road] < places[right.road];
+  });
   std::map<std::string, double> smallest;
   fmt::print("{:<34}{:>9}{:>12}{:>12}{:>8}{:>9}{:>11}\n", "road", "slips", "ours us", "floor us", "ratio", "growth",
              "peak MiB");

@@ -22,11 +22,19 @@ struct Measurement {
 /// Seconds that the work takes.
 double seconds(const std::function<void()>& work);
 
+/// How often a road over so many slips is run: a short one often enough that its median is no accident.
+int runsFor(std::int64_t slips);
+
+/// Runs ours and the floor in turns, so that whatever else the machine does meets both, and sets the medians of the
+/// seconds that the two give.
+void takeMedians(Measurement& result, int runs, const std::function<double()>& ours,
+                 const std::function<double()>& floor);
+
 /// Runs the work in a child process and gives that process's peak resident size in MiB.
 double peakMibOf(const std::function<void()>& work);
 
 /// Prints a table: cost of ours and the floor for each operation, their ratio, and the growth: cost for each operation
-/// at a size divided by that at the smallest size of the same road.
-void printMeasurements(const std::vector<Measurement>& all);
+/// at a size divided by that at the smallest size of the same road. The sizes of a road stand below one another.
+void printMeasurements(std::vector<Measurement> all);
 
 }  // namespace tarvola::bench

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -34,6 +35,34 @@ std::string withNumber(const std::string& line, std::int64_t number) {
   return line.substr(0, start) + made + line.substr(line.find(';', start));
 }
 
+/// Digits without an end, the same in every run.
+class Digits {
+ public:
+  explicit Digits(std::int64_t seed) : state_(static_cast<std::uint64_t>(seed) * 0x9E3779B97F4A7C15U + 1) {}
+  char next() {
+    state_ = state_ * 6364136223846793005U + 1442695040888963407U;
+    return static_cast<char>('0' + (state_ >> 33U) % 10);
+  }
+
+ private:
+  std::uint64_t state_;
+};
+
+/// The line with other digits in every tax number and amount. Lines that repeat would be compressed as no month can be.
+std::string withOwnDigits(std::string line, std::int64_t number) {
+  constexpr std::size_t shortest = 5;
+  constexpr std::string_view digits = "0123456789";
+  Digits own(number);
+  const std::size_t behindForm = line.find(';');
+  for (std::size_t start = line.find_first_of(digits, behindForm); start != std::string::npos;) {
+    const std::size_t end = std::min(line.find_first_not_of(digits, start), line.size());
+    // The first digit stays, so that an amount does not lose its size.
+    for (std::size_t i = start + 1; i < end && end - start >= shortest; ++i) line[i] = own.next();
+    start = line.find_first_of(digits, end);
+  }
+  return line;
+}
+
 }  // namespace
 
 std::vector<std::string> makeMonth(std::int64_t count) {
@@ -41,7 +70,7 @@ std::vector<std::string> makeMonth(std::int64_t count) {
   std::vector<std::string> lines;
   lines.reserve(static_cast<std::size_t>(count));
   for (std::int64_t i = 0; i < count; ++i)
-    lines.push_back(withNumber(example[static_cast<std::size_t>(i) % example.size()], i + 1));
+    lines.push_back(withNumber(withOwnDigits(example[static_cast<std::size_t>(i) % example.size()], i + 1), i + 1));
   return lines;
 }
 

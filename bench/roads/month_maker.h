@@ -11,7 +11,7 @@ class CImporBP;
 namespace tarvola::bench {
 
 /// So many lines of an exchange file, as raw ANSI text without line ends: those of the example month over and over,
-/// each with a document number of its own.
+/// each with a document number, tax number and amounts of its own.
 std::vector<std::string> makeMonth(std::int64_t count);
 
 /// The columns of a line, in UTF-8.

@@ -143,8 +143,8 @@ class Copies {
   /// The first document of a road warms up and is not measured: the library then reads each shape of a statement once,
   /// and the bare handle has its pages.
   struct Noted {
-    std::vector<std::string> warmUp;
-    std::vector<std::string> measured;
+    std::vector<NotedStatement> warmUp;
+    std::vector<NotedStatement> measured;
   };
 
   [[nodiscard]] Noted note(int count, const std::function<void(int)>& work) const {
@@ -171,10 +171,10 @@ class Copies {
 
   [[nodiscard]] double timeStatements(const Noted& noted) const {
     BareStore store(bare_);
-    for (const std::string& statement : noted.warmUp) store.prepare(statement).run();
+    for (const NotedStatement& statement : noted.warmUp) store.prepare(statement.withValues).run();
     std::vector<BareStatement> prepared;
     prepared.reserve(noted.measured.size());
-    for (const std::string& statement : noted.measured) prepared.push_back(store.prepare(statement));
+    for (const NotedStatement& statement : noted.measured) prepared.push_back(store.prepare(statement.withValues));
     return seconds([&] {
       for (BareStatement& statement : prepared) statement.run();
     });

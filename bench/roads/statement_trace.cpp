@@ -9,8 +9,8 @@ namespace tarvola::bench {
 
 namespace {
 
-std::vector<std::string>& noted() {
-  static std::vector<std::string> statements;
+std::vector<NotedStatement>& noted() {
+  static std::vector<NotedStatement> statements;
   return statements;
 }
 
@@ -21,9 +21,11 @@ bool isOfTables(std::string_view statement) {
 }
 
 int note(unsigned, void*, void* statement, void*) {
-  char* const text = sqlite3_expanded_sql(static_cast<sqlite3_stmt*>(statement));
-  if (text != nullptr && isOfTables(text)) noted().emplace_back(text);
-  sqlite3_free(text);
+  auto* const ran = static_cast<sqlite3_stmt*>(statement);
+  char* const withValues = sqlite3_expanded_sql(ran);
+  if (withValues != nullptr && isOfTables(withValues))
+    noted().push_back({.text = sqlite3_sql(ran), .withValues = withValues});
+  sqlite3_free(withValues);
   return 0;
 }
 
@@ -44,6 +46,6 @@ StatementTrace::StatementTrace() {
 
 StatementTrace::~StatementTrace() { sqlite3_cancel_auto_extension(entry()); }
 
-std::vector<std::string> StatementTrace::take() { return std::exchange(noted(), {}); }
+std::vector<NotedStatement> StatementTrace::take() { return std::exchange(noted(), {}); }
 
 }  // namespace tarvola::bench

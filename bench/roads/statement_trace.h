@@ -5,8 +5,16 @@
 
 namespace tarvola::bench {
 
-/// Notes every statement that any SQLite handle of this process runs while it lives, with its values in place. Only
-/// handles opened while a trace lives are heard.
+/// A statement that ran.
+struct NotedStatement {
+  /// As it was prepared, with parameters.
+  std::string text;
+  /// With the values of the parameters in their places.
+  std::string withValues;
+};
+
+/// Notes every statement that any SQLite handle of this process runs while it lives, with its values. Only handles
+/// opened while a trace lives are heard.
 class StatementTrace {
  public:
   StatementTrace();
@@ -15,7 +23,7 @@ class StatementTrace {
   StatementTrace& operator=(const StatementTrace&) = delete;
 
   /// The statements since the last call that read or write the store's tables.
-  std::vector<std::string> take();
+  std::vector<NotedStatement> take();
 };
 
 }  // namespace tarvola::bench

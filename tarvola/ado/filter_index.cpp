@@ -59,7 +59,7 @@ void FilterIndex::add(const Rows& rows, std::size_t row) {
   const auto hash = rowHash(rows, row, keys_);
   if (!hash) return;
   std::uint32_t& first = firsts_[bucket(*hash)];
-  entries_.push_back({.row = static_cast<std::uint32_t>(row), .next = first});
+  entries_.push_back({.row = static_cast<std::uint32_t>(row), .next = first, .tag = tagOf(*hash)});
   first = static_cast<std::uint32_t>(entries_.size() - 1);
 }
 
@@ -77,7 +77,7 @@ void FilterIndex::find(const Rows& rows, std::span<const RowTest> tests, std::ve
   const std::size_t start = found.size();
   for (std::uint32_t entry = firsts_[bucket(hash)]; entry != noEntry; entry = entries_[entry].next) {
     const std::uint32_t row = entries_[entry].row;
-    if (allHold(tests, rows, row)) found.push_back(row);
+    if (entries_[entry].tag == tagOf(hash) && allHold(tests, rows, row)) found.push_back(row);
   }
   // Entries that were added later stand in front, and a row may have several.
   const auto first = found.begin() + static_cast<std::ptrdiff_t>(start);

@@ -38,10 +38,15 @@ class FilterIndex {
   struct Entry {
     std::uint32_t row;
     std::uint32_t next;
+    /// A part of the row's hash that its bucket does not say: whoever differs in it need not be looked at.
+    std::uint32_t tag;
   };
 
   void build(const Rows& rows);
   void add(const Rows& rows, std::size_t row);
+  [[nodiscard]] static std::uint32_t tagOf(std::uint64_t hash) noexcept {
+    return static_cast<std::uint32_t>(hash >> 32U);
+  }
   [[nodiscard]] std::size_t bucket(std::uint64_t hash) const noexcept { return hash & (firsts_.size() - 1); }
 
   std::vector<Key> keys_;

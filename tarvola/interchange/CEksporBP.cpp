@@ -1,6 +1,7 @@
 #include "tarvola/interchange/CEksporBP.h"
 
 #include "tarvola/interchange/export_row.h"
+#include "tarvola/interchange/exported_documents.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/message_box.h"
 #include "tarvola/runtime/progress.h"
@@ -36,20 +37,16 @@ Statement periodCondition(const ExportPeriod& period) {
                                            << " AND MS_PAJAK = " << bare(period.month) << " AND ";
 }
 
-/// All slips and behind them all self-paid forms of a period, in the order in which the store hands them over.
+/// All slips and behind them all self-paid forms of a period, in the order in which the store hands them over. Every
+/// field of a line stands in the packed text, so nothing is fetched but that and what finds a document.
 Statement selectDocuments(const ExportPeriod& period) {
-  return Statement(
-             "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-             " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP,FlagNPWP "
-             " FROM DS_FORM_INDUK WHERE ")
+  return Statement("SELECT KD_FORM,NOBUKTI,DAT_FORM FROM DS_FORM_INDUK WHERE ")
          << periodCondition(period)
          << "(KD_FORM = 'F113309' OR KD_FORM = 'F113310' OR KD_FORM = 'F113311' OR "
             "KD_FORM = 'F113312' OR KD_FORM = 'F113316' OR KD_FORM = 'F113317' OR "
             "KD_FORM = 'F113319' OR KD_FORM = 'F113320' OR KD_FORM = 'F113321') "
             "UNION ALL "
-            " SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-            " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP, 0 as FlagNPWP "
-            " FROM DAT_SSP_PPh22 WHERE "
+            " SELECT KD_FORM,NOBUKTI,DAT_FORM FROM DAT_SSP_PPh22 WHERE "
          << periodCondition(period)
          << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn')";
 }
@@ -62,41 +59,6 @@ void showNotice(std::string_view label, const ExportPeriod& period, std::string_
   text.append("\r\n\r\n").append(ending);
   showMessage({.text = std::move(text), .title = "INFORMASI", .icon = MessageIcon::Information});
 }
-
-/// Narrows the rows to the current document. A slip is known by form and number alone: of two filers' slips of one
-/// number both lines show the first. A self-paid form needs its packed text too, since a payment may stand on several.
-class DocumentFilter {
- public:
-  explicit DocumentFilter(Recordset& rows)
-      : rows_(rows), noBukti_(rows.column("NOBUKTI")), datForm_(rows.column("DAT_FORM")) {}
-
-  void narrowTo(const ExportForm& form) {
-    criteria_ = "KD_FORM = '";
-    criteria_.append(form.codes.kdForm).append("' AND NOBUKTI = '");
-    appendText(noBukti_);
-    if (form.codes.kind == store::FormKind::SelfPaidForm) {
-      criteria_ += "' AND DAT_FORM = '";
-      appendText(datForm_);
-    }
-    criteria_ += '\'';
-    rows_.put_Filter(criteria_);
-  }
-
- private:
-  /// A value with an apostrophe is no criteria (error 3001): spliced in, it could pick the row of another document.
-  void appendText(std::size_t column) {
-    const ado::Cell value = rows_.cell(column);
-    if (value.isNull()) return;
-    const std::size_t start = criteria_.size();
-    value.appendText(criteria_);
-    if (criteria_.find('\'', start) != std::string::npos) fail(ErrorNumber::WrongArguments);
-  }
-
-  Recordset& rows_;
-  std::size_t noBukti_;
-  std::size_t datForm_;
-  std::string criteria_;
-};
 
 }  // namespace
 
@@ -124,30 +86,21 @@ struct CEksporBP::State {
   void exportPeriod(std::int16_t article, const ExportPeriod& period, std::string_view fileName);
 };
 
-/// One line for each row. The bound of the walk lies one past the last row, where the end of the rows ends it.
+/// One line for each row.
 void CEksporBP::State::writeRows(TextFile& file, const RecordsetPtr& rows, const ExportPeriod& period) {
   const ModuleState& state = moduleState();
   store.converter().pSetCon(state.sDSN, state.sUID, state.sPWD);
-  if (!rows->get_BOF()) rows->MoveFirst();
-  const std::int32_t rowCount = rows->get_RecordCount();
-  const std::size_t kdForm = rows->column("KD_FORM");
-  DocumentFilter filter(*rows);
-  Progress progress("Exporting slips", static_cast<std::uint64_t>(rowCount));
+  interchange::ExportedDocuments documents(store, rows);
+  Progress progress("Exporting slips", documents.count());
   std::string line;
-  for (std::int32_t row = 0; row <= rowCount; ++row) {
-    rows->Move(row, adBookmarkFirst);
-    if (rows->get_EOF()) break;
-    const ado::Cell code = rows->cell(kdForm);
-    const ExportForm* form = interchange::findExportForm(code.isText() ? code.text() : std::string_view());
+  for (std::uint64_t done = 1; done <= documents.count(); ++done) {
+    const ExportForm* form = documents.next();
     if (form == nullptr) continue;
-    filter.narrowTo(*form);
-    const std::string_view found = rows->cell(kdForm).text();
-    const RecordsetPtr named = store.converter().ExpandDatForm(found, rows);
-    buildLine(line, *form, {found, period.month, period.year, period.correction}, named);
+    const auto [kdForm, named] = documents.find(*form);
+    buildLine(line, *form, {kdForm, period.month, period.year, period.correction}, named);
     if (line.find("\r\n") != std::string::npos) line = withoutLineBreaks(std::move(line));
     file.WriteLine(line);
-    rows->put_Filter("");
-    progress.done(static_cast<std::uint64_t>(row) + 1);
+    progress.done(done);
   }
 }
 

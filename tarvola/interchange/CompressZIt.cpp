@@ -1,7 +1,6 @@
 #include "tarvola/interchange/CompressZIt.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <system_error>
 
@@ -14,18 +13,13 @@ namespace tarvola {
 
 namespace {
 
+using interchange::roomToCompress;
 using interchange::zlibNoMemory;
 using interchange::zlibSuccess;
 
 constexpr std::int32_t longestBytes = std::numeric_limits<std::int32_t>::max();
 
 bool isTooLong(std::size_t bytes) noexcept { return bytes > std::size_t{longestBytes}; }
-
-/// The room that compressing may use, with no second try in a larger one.
-std::size_t roomToCompress(std::size_t sourceBytes) {
-  const auto length = static_cast<double>(sourceBytes);
-  return static_cast<std::size_t>(std::nearbyint(length + length * 0.01 + 12));
-}
 
 std::size_t roomOf(std::int64_t bytes) {
   return static_cast<std::size_t>(std::clamp(bytes, std::int64_t{0}, std::int64_t{longestBytes}));

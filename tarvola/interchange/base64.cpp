@@ -28,13 +28,28 @@ constexpr std::array<std::int8_t, 256> meanings = [] {
   return table;
 }();
 
-/// The four characters of up to three bytes.
-void appendGroup(std::string& line, std::string_view bytes) {
+constexpr std::size_t charactersInGroup = 4;
+
+/// The two characters of each twelve bits.
+constexpr std::array<std::array<char, 2>, 4096> pairs = [] {
+  std::array<std::array<char, 2>, 4096> table{};
+  for (std::size_t bits = 0; bits < table.size(); ++bits) table[bits] = {alphabet[bits >> 6], alphabet[bits & 0x3FU]};
+  return table;
+}();
+
+/// The four characters of three bytes.
+void putGroup(char* to, const char* bytes) {
   std::uint32_t bits = 0;
-  for (std::size_t i = 0; i < bytesInGroup; ++i)
-    bits = (bits << 8) | (i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U);
-  for (std::size_t i = 0; i <= bytesInGroup; ++i)
-    line += i <= bytes.size() ? alphabet[(bits >> (18 - 6 * i)) & 0x3FU] : filler;
+  for (std::size_t i = 0; i < bytesInGroup; ++i) bits = (bits << 8) | static_cast<unsigned char>(bytes[i]);
+  for (const auto& pair : {pairs[bits >> 12], pairs[bits & 0xFFFU]}) to = std::copy(pair.begin(), pair.end(), to);
+}
+
+/// The four characters of one or two bytes, which end the text.
+void putLastGroup(char* to, std::string_view bytes) {
+  std::array<char, bytesInGroup> filled{};
+  std::copy(bytes.begin(), bytes.end(), filled.begin());
+  putGroup(to, filled.data());
+  std::fill(to + bytes.size() + 1, to + charactersInGroup, filler);
 }
 
 }  // namespace
@@ -58,9 +73,11 @@ void Base64Lines::finish() {
 }
 
 void Base64Lines::writeLine(std::string_view bytes) {
-  line_.clear();
-  for (; !bytes.empty(); bytes.remove_prefix(std::min(bytesInGroup, bytes.size())))
-    appendGroup(line_, bytes.substr(0, bytesInGroup));
+  line_.resize((bytes.size() + bytesInGroup - 1) / bytesInGroup * charactersInGroup);
+  char* to = line_.data();
+  for (; bytes.size() >= bytesInGroup; bytes.remove_prefix(bytesInGroup), to += charactersInGroup)
+    putGroup(to, bytes.data());
+  if (!bytes.empty()) putLastGroup(to, bytes);
   sink_(line_);
 }
 

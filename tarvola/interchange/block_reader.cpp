@@ -4,7 +4,6 @@
 #include <fstream>
 
 #include "tarvola/runtime/code_page.h"
-#include "tarvola/runtime/utf8.h"
 
 namespace tarvola::interchange {
 
@@ -14,11 +13,6 @@ constexpr std::int32_t usualBlockBytes = 327'680'000;
 constexpr std::int32_t largestBlockBytes = 655'350'000;
 constexpr auto emptyFileNumber = static_cast<std::int32_t>(0x80040001U);
 constexpr const char* emptyFileText = "File Does Not Exist";
-
-/// Plain ASCII, as most files are, is its own text and costs no second copy.
-std::string textOf(std::string bytes) {
-  return utf8::asciiLength(bytes) == bytes.size() ? std::move(bytes) : fromAnsi(bytes);
-}
 
 /// The bytes of the last block: of the remainder behind the whole blocks, where there is one.
 std::int64_t lastBlockBytes(std::int64_t lengthBytes, std::int64_t blockBytes) {
@@ -42,18 +36,33 @@ std::string BlockReader::pReadFile(const std::string& strFile) noexcept {
 }
 
 std::string BlockReader::pReadFileSize(const std::string& strFile, std::int64_t& lengthBytes) noexcept try {
+  return fromAnsi(readBytes(strFile, lengthBytes));
+} catch (...) {
+  return {};
+}
+
+void BlockReader::settleBlockBytes() noexcept {
+  if (blockBytes == 0) blockBytes = usualBlockBytes;
+  blockBytes = std::min(blockBytes, largestBlockBytes);
+}
+
+bool BlockReader::readsWhole(std::int64_t lengthBytes) noexcept {
+  settleBlockBytes();
+  return lengthBytes <= blockBytes;
+}
+
+std::string BlockReader::readBytes(const std::string& path, std::int64_t& lengthBytes) noexcept try {
   lastErrorNumber = 0;
   lastErrorText.clear();
-  std::ifstream file(strFile, std::ios::binary | std::ios::ate);
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
   lengthBytes = std::max(std::int64_t{0}, static_cast<std::int64_t>(file.tellg()));
   if (lengthBytes == 0) {
     lastErrorNumber = emptyFileNumber;
     lastErrorText = emptyFileText;
     return {};
   }
-  if (blockBytes == 0) blockBytes = usualBlockBytes;
-  blockBytes = std::min(blockBytes, largestBlockBytes);
-  return textOf(lastBytes(file, lengthBytes, lastBlockBytes(lengthBytes, blockBytes)));
+  settleBlockBytes();
+  return lastBytes(file, lengthBytes, lastBlockBytes(lengthBytes, blockBytes));
 } catch (...) {
   return {};
 }

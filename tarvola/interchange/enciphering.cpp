@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "tarvola/interchange/gcrypt_calls.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr std::size_t blockBytes = 8;
 constexpr std::size_t keyBytes = 16;
 
-/// RC2 in CBC mode, in place, over any number of whole blocks.
+/// RC2 in CBC mode, in place, over any number of whole blocks. A text may come in several pieces.
 class Rc2 {
  public:
   Rc2(std::string_view password, const Salt& salt, const InitialVector& iv) {
@@ -56,11 +57,43 @@ class Rc2 {
   std::unique_ptr<gcry_cipher_handle, Closer> cipher_;
 };
 
-/// Fills the last block; a text that fills its blocks exactly gets a whole block more.
-void addPadding(std::string& bytes) {
-  const std::size_t padding = blockBytes - bytes.size() % blockBytes;
-  bytes.append(padding, static_cast<char>(padding));
-}
+/// What fills the last block; a text that fills its blocks exactly gets a whole block more.
+constexpr std::size_t paddingOf(std::size_t bytes) noexcept { return blockBytes - bytes % blockBytes; }
+
+/// A text on its way through cipher, envelope and Base64. Its UTF-16 comes in pieces of whole blocks and a last one of
+/// any length.
+class EncipheredLines {
+ public:
+  EncipheredLines(std::size_t utf16Bytes, std::string_view password, const RandomSource& random, const LineSink& sink)
+      : lines_(sink) {
+    random(salt_);
+    random(iv_);
+    cipher_.emplace(password, salt_, iv_);
+    lines_.add(envelopeAhead(iv_, salt_, utf16Bytes + paddingOf(utf16Bytes)));
+  }
+
+  void add(std::string blocks) {
+    cipher_->encipher(blocks);
+    lines_.add(blocks);
+  }
+  void addLast(std::string utf16) {
+    const std::size_t padding = paddingOf(utf16.size());
+    utf16.append(padding, static_cast<char>(padding));
+    add(std::move(utf16));
+    lines_.finish();
+  }
+
+ private:
+  Salt salt_{};
+  InitialVector iv_{};
+  std::optional<Rc2> cipher_;
+  Base64Lines lines_;
+};
+
+/// Bytes of the code page that are worked on at a time: whole blocks as UTF-16, and little enough to stay in the
+/// processor's cache on their way.
+constexpr std::size_t pieceBytes = 16 * 1024;
+static_assert(pieceBytes % (blockBytes / 2) == 0);
 
 }  // namespace
 
@@ -70,17 +103,16 @@ void fillFromSystem(std::span<std::uint8_t> bytes) {
 }
 
 void encipher(std::string_view content, std::string_view password, const RandomSource& random, const LineSink& sink) {
-  Salt salt{};
-  InitialVector iv{};
-  random(salt);
-  random(iv);
-  std::string bytes = toUtf16(content);
-  addPadding(bytes);
-  Rc2(password, salt, iv).encipher(bytes);
-  Base64Lines lines(sink);
-  lines.add(envelopeAhead(iv, salt, bytes.size()));
-  lines.add(bytes);
-  lines.finish();
+  std::string utf16 = toUtf16(content);
+  EncipheredLines lines(utf16.size(), password, random, sink);
+  lines.addLast(std::move(utf16));
+}
+
+void encipherAnsi(std::string_view bytes, std::string_view password, const RandomSource& random, const LineSink& sink) {
+  EncipheredLines lines(2 * bytes.size(), password, random, sink);
+  for (; bytes.size() > pieceBytes; bytes.remove_prefix(pieceBytes))
+    lines.add(utf16FromAnsi(bytes.substr(0, pieceBytes)));
+  lines.addLast(utf16FromAnsi(bytes));
 }
 
 EncipheredText readEnciphered(std::string_view base64) {

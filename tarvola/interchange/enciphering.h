@@ -23,6 +23,9 @@ void fillFromSystem(std::span<std::uint8_t> bytes);
 
 /// Enciphers a text under new salt and initial vector and hands out the lines of the Base64.
 void encipher(std::string_view content, std::string_view password, const RandomSource& random, const LineSink& sink);
+/// The same for a text in the ANSI code page. It is worked through piece by piece, so that nothing as long as itself is
+/// made of it.
+void encipherAnsi(std::string_view bytes, std::string_view password, const RandomSource& random, const LineSink& sink);
 
 /// Reads Base64 and envelope of an enciphered text. Fails as readEnvelope, and for a foreign character.
 EncipheredText readEnciphered(std::string_view base64);

@@ -1,10 +1,12 @@
 #include "tarvola/interchange/report_writer.h"
 
 #include <array>
+#include <optional>
 
-#include "tarvola/interchange/CompressZIt.h"
 #include "tarvola/interchange/report_lines.h"
+#include "tarvola/interchange/report_rows.h"
 #include "tarvola/interchange/report_texts.h"
+#include "tarvola/interchange/zlib_codec.h"
 #include "tarvola/runtime/progress.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/failure_rule.h"
@@ -35,28 +37,25 @@ Statement selectHeader(const ReportOrder& order) {
   return Statement("SELECT * FROM DS_FORM_INDUK WHERE ") << periodCondition(order) << "KD_FORM = 'F113204'";
 }
 
-/// Main return and slips, each form's rows together, and behind them all self-paid forms.
-Statement selectDocuments(const ReportOrder& order) {
-  return Statement(
-             "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-             " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP,FlagNPWP "
-             " FROM DS_FORM_INDUK WHERE ")
+// The documents of a report are those of each table ordered by JENIS_DOKUMEN. The store would carry every packed text
+// through its sort, so it is asked for the rows alone, and of their columns for those that a line is made of.
+
+/// Main return and slips.
+Statement selectSlips(const ReportOrder& order) {
+  return Statement("SELECT JENIS_DOKUMEN,KD_FORM,DAT_FORM FROM DS_FORM_INDUK WHERE ")
          << periodCondition(order)
          << "(KD_FORM = 'F113204' OR KD_FORM = 'F113309' OR KD_FORM = 'F113310' OR "
             "KD_FORM = 'F113311' OR KD_FORM = 'F113312' OR KD_FORM = 'F113316' OR "
             "KD_FORM = 'F113317' OR KD_FORM = 'F113319' OR "
-            " KD_FORM = 'F113320' OR KD_FORM = 'F113321' OR KD_FORM = 'D113210') "
-            "ORDER BY JENIS_DOKUMEN ASC "
-            "UNION ALL "
-            "SELECT NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE, "
-            " NOBUKTI,KD_JENIS_PAJAK,DAT_FORM,TGL_REKAM,TGL_UBAH,NIP, 0 as FlagNPWP "
-            " FROM DAT_SSP_PPh22 WHERE "
-         << periodCondition(order)
-         << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn') "
-            "ORDER BY JENIS_DOKUMEN ASC ";
+            " KD_FORM = 'F113320' OR KD_FORM = 'F113321' OR KD_FORM = 'D113210')";
 }
 
-std::string_view textOf(const ado::Cell& cell) { return cell.isText() ? cell.text() : std::string_view(); }
+/// The self-paid forms, which stand behind all of those.
+Statement selectSelfPaidForms(const ReportOrder& order) {
+  return Statement("SELECT JENIS_DOKUMEN,KD_FORM,DAT_FORM FROM DAT_SSP_PPh22 WHERE ")
+         << periodCondition(order)
+         << "(KD_FORM = 'FSewaTnhBgn' OR KD_FORM = 'FJasaKonstruksi'  OR KD_FORM = 'FAlihTnhBgn')";
+}
 
 std::string trimmedField(const RecordsetPtr& rows, std::string_view field) {
   return std::string(Trim(fieldTextOr(rows, field, "")));
@@ -129,24 +128,23 @@ ReportedPeriod periodOf(const ReportOrder& order) {
 void ReportWriter::write(const ReportOrder& order) {
   if (store::isEmptyResult(store_.execute(selectHeader(order)))) return showNothingToReport(periodOf(order));
   const std::string path(order.fileName);
-  writeLines(order);
-  compress(path);
+  const RecordsetPtr header = store_.execute(selectHeader(order));
+  PlainStage plain(path);
+  writeLines(order, header, plain);
+  compress(path, plain);
   encipherFile(path, order.secretSource);
   showReportWritten(periodOf(order), order.fileName);
 }
 
-void ReportWriter::writeLines(const ReportOrder& order) {
-  const RecordsetPtr header = store_.execute(selectHeader(order));
-  TextFile file = TextFile::create(std::string(order.fileName));
+void ReportWriter::writeLines(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
   writeProfile(order, file);
-  std::string closingLine;
-  writeDocuments(order, header, file, closingLine);
+  const std::string closingLine = writeDocuments(order, header, file);
   pWriteSSPPBK(order.npwp, store::taxArticle, order.month, order.year, file, order.paymentsCorrection);
   file.WriteLine(closingLine);
   file.Close();
 }
 
-void ReportWriter::writeProfile(const ReportOrder& order, TextFile& file) {
+void ReportWriter::writeProfile(const ReportOrder& order, PlainStage& file) {
   const RecordsetPtr profile = store_.execute("SELECT * FROM PROFILE");
   if (profile->get_RecordCount() == 0) return;
   std::string line(store::taxKind);
@@ -156,34 +154,28 @@ void ReportWriter::writeProfile(const ReportOrder& order, TextFile& file) {
   file.WriteLine(line);
 }
 
-void ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file,
-                                  std::string& closingLine) {
-  const RecordsetPtr rows = store_.execute(selectDocuments(order));
-  const std::size_t jenisDokumen = rows->column("JENIS_DOKUMEN");
-  const std::size_t kdForm = rows->column("KD_FORM");
-  const std::size_t datForm = rows->column("DAT_FORM");
-  Progress progress("Writing the reporting file", static_cast<std::uint64_t>(rows->get_RecordCount()));
+std::string ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
+  const RecordsetPtr slips = store_.execute(selectSlips(order));
+  const RecordsetPtr selfPaidForms = store_.execute(selectSelfPaidForms(order));
+  Progress progress("Writing the reporting file", slips->rows()->count() + selfPaidForms->rows()->count());
   std::uint64_t doneCount = 0;
   ReportLines lines;
-  std::string code;
-  forEachRow(rows, [&] {
-    code.clear();
-    if (const ado::Cell cell = rows->cell(jenisDokumen); !cell.isNull()) cell.appendText(code);
-    const ReportDocument document{
-        .jenisDokumen = code, .kdForm = textOf(rows->cell(kdForm)), .datForm = textOf(rows->cell(datForm))};
+  const auto write = [&](const ReportDocument& document) {
     if (document.kdForm == store::F113204.kdForm)
       lines.addMainReturn(document, order.status, order.dJmlNKLB, store_.expand(document.kdForm, header));
     else
       lines.addForm(document);
     if (document.kdForm != store::D113210.kdForm) file.WriteLine(lines.line());
     progress.done(++doneCount);
-  });
-  closingLine = lines.closingLine();
+  };
+  forEachDocument(*slips->rows(), write);
+  forEachDocument(*selfPaidForms->rows(), write);
+  return lines.closingLine();
 }
 
 /// A failure here shows, and the report goes on without the lines that are missing: so it stands.
 void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
-                                TextFile& file, std::string_view sCorr) noexcept {
+                                PlainStage& file, std::string_view sCorr) noexcept {
   guarded([&] {
     const RecordsetPtr codes = store_.open("SELECT * FROM REF_SSP_NEW");
     const std::int16_t month = CInt(Variant(sMsPjk));
@@ -194,7 +186,7 @@ void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::stri
 }
 
 void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                                 const RecordsetPtr& codes, TextFile& file) {
+                                 const RecordsetPtr& codes, PlainStage& file) {
   const RecordsetPtr payments = store_.open(Statement("SELECT * FROM DATSSP WHERE MsPjk = ")
                                             << std::int32_t{month} << " AND THPJK=" << std::int32_t{year}
                                             << " AND KdPmbtln=" << std::int32_t{correction}
@@ -203,30 +195,42 @@ void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::
 }
 
 /// All of the month's, whatever correction they came with: the selection knows none.
-void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, TextFile& file) {
+void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, PlainStage& file) {
   const RecordsetPtr rows = store_.open(Statement("SELECT * FROM datPBKPPhMasa WHERE PASAL = ")
                                         << std::int32_t{article} << " AND MsPjkPBK = " << std::int32_t{month}
                                         << " AND ThPjkPBK = " << std::int32_t{year});
   forEachRow(rows, [&] { file.WriteLine(compensationLine(rows, article, month, year)); });
 }
 
-/// The second stage. What the compression says is not looked at: a text that could not be compressed stands behind its
-/// length as it is.
-void ReportWriter::compress(const std::string& path) {
+// The bytes of the code page are handed on as they are: a compressed text is as good a text of it as any, and nothing
+// would come of turning it into characters and back.
+
+/// What stands behind the length in the second stage: the text compressed, or the text itself if that failed.
+std::string ReportWriter::compressed(const std::string& path, PlainStage& plain) {
+  std::optional<std::string> packed = plain.compressed();
+  if (packed && reader.readsWhole(plain.lengthBytes())) return std::move(*packed);
   std::int64_t lengthBytes = 0;
-  std::string text = reader.pReadFileSize(path, lengthBytes);
+  std::string text = reader.readBytes(path, lengthBytes);
+  compressBytes(text, roomToCompress(text.size()), text);
+  return text;
+}
+
+/// The second stage. What the compression says is not looked at: so it stands.
+void ReportWriter::compress(const std::string& path, PlainStage& plain) {
+  const std::string text = compressed(path, plain);
   TextFile file = TextFile::create(path);
-  CompressZIt().CompressString(text);
-  file.WriteLine(lengthText(lengthBytes) + text);
+  file.WriteBytes(lengthText(plain.lengthBytes()));
+  file.WriteBytes(text);
+  file.WriteLine("");
   file.Close();
 }
 
 /// The third stage. The Base64 ends its own last line, and the file has one more line end behind it.
 void ReportWriter::encipherFile(const std::string& path, std::string_view secretSource) {
   std::int64_t lengthBytes = 0;
-  const std::string text = reader.pReadFileSize(path, lengthBytes);
+  const std::string text = reader.readBytes(path, lengthBytes);
   TextFile file = TextFile::create(path);
-  encipher(text, funcHashData(secretSource), random, [&](std::string_view line) { file.WriteLine(line); });
+  encipherAnsi(text, funcHashData(secretSource), random, [&](std::string_view line) { file.WriteLine(line); });
   file.WriteLine("");
   file.Close();
 }

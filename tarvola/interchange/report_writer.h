@@ -9,7 +9,7 @@
 #include "tarvola/interchange/block_reader.h"
 #include "tarvola/interchange/enciphering.h"
 #include "tarvola/interchange/hashed_data.h"
-#include "tarvola/runtime/text_file.h"
+#include "tarvola/interchange/plain_stage.h"
 #include "tarvola/store/store_object.h"
 
 namespace tarvola::interchange {
@@ -47,18 +47,19 @@ class ReportWriter {
   void write(const ReportOrder& order);
 
  private:
-  void writeLines(const ReportOrder& order);
-  void writeProfile(const ReportOrder& order, TextFile& file);
-  void writeDocuments(const ReportOrder& order, const RecordsetPtr& header, TextFile& file, std::string& closingLine);
-  void compress(const std::string& path);
+  void writeLines(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file);
+  void writeProfile(const ReportOrder& order, PlainStage& file);
+  std::string writeDocuments(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file);
+  std::string compressed(const std::string& path, PlainStage& plain);
+  void compress(const std::string& path, PlainStage& plain);
   void encipherFile(const std::string& path, std::string_view secretSource);
 
   std::string funcHashData(std::string_view sData) noexcept;
   void pWriteSSPPBK(std::string_view sNPWP, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
-                    TextFile& file, std::string_view sCorr) noexcept;
+                    PlainStage& file, std::string_view sCorr) noexcept;
   void writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                     const RecordsetPtr& codes, TextFile& file);
-  void writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, TextFile& file);
+                     const RecordsetPtr& codes, PlainStage& file);
+  void writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, PlainStage& file);
 
   store::StoreObject& store_;
 };

@@ -20,8 +20,15 @@ char32_t takeCharacter(std::string_view& text) noexcept {
   return character.valid ? character.code : replacement;
 }
 
+/// The two bytes of a code unit, the lower one first.
+using UnitBytes = std::array<char, 2>;
+
+constexpr UnitBytes bytesOfUnit(char32_t unit) {
+  return {static_cast<char>(unit & 0xFFU), static_cast<char>(unit >> 8)};
+}
+
 void appendUnit(std::string& out, char32_t unit) {
-  const std::array bytes = {static_cast<char>(unit & 0xFFU), static_cast<char>(unit >> 8)};
+  const UnitBytes bytes = bytesOfUnit(unit);
   out.append(bytes.data(), bytes.size());
 }
 
@@ -48,6 +55,19 @@ const std::array<char16_t, behindSpecial - firstSpecial>& specialUnits() {
   return units;
 }
 
+/// What each byte of the code page is in UTF-16.
+const std::array<UnitBytes, 256>& unitsOfBytes() {
+  static const auto units = [] {
+    std::array<UnitBytes, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte) {
+      const bool isSpecial = byte >= firstSpecial && byte < behindSpecial;
+      table[byte] = bytesOfUnit(isSpecial ? specialUnits()[byte - firstSpecial] : static_cast<char32_t>(byte));
+    }
+    return table;
+  }();
+  return units;
+}
+
 std::optional<char> ansiOf(char16_t unit) {
   if (unit < firstSpecial || (unit >= behindSpecial && unit <= 0xFF)) return static_cast<char>(unit);
   const auto& units = specialUnits();
@@ -62,6 +82,14 @@ std::string toUtf16(std::string_view text) {
   std::string out;
   out.reserve(2 * text.size());
   while (!text.empty()) appendCharacter(out, takeCharacter(text));
+  return out;
+}
+
+std::string utf16FromAnsi(std::string_view bytes) {
+  const auto& units = unitsOfBytes();
+  std::string out(2 * bytes.size(), '\0');
+  char* to = out.data();
+  for (const char byte : bytes) to = std::copy_n(units[static_cast<unsigned char>(byte)].data(), 2, to);
   return out;
 }
 

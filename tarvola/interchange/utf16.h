@@ -11,6 +11,9 @@ namespace tarvola::interchange {
 /// A text as UTF-16. A broken sequence becomes U+FFFD.
 std::string toUtf16(std::string_view text);
 
+/// Bytes of the ANSI code page as UTF-16: two bytes for each.
+std::string utf16FromAnsi(std::string_view bytes);
+
 /// A text that should be of the ANSI code page, as its bytes.
 struct AnsiBytes {
   std::string bytes;

@@ -1,5 +1,6 @@
 #include "tarvola/runtime/text_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <utility>
@@ -38,6 +39,10 @@ struct TextFile::State {
     if (!whole) remember(code);
   }
 
+  void writeOutIfFull() {
+    if (buffer.size() >= blockBytes) writeOut();
+  }
+
   void close() {
     std::FILE* closing = file.release();
     errno = 0;
@@ -66,7 +71,17 @@ void TextFile::WriteLine(std::string_view text) {
   if (!state_ || !state_->file) fail(ErrorNumber::BadFileNameOrNumber);
   appendToAnsi(state_->buffer, text);
   state_->buffer += "\r\n";
-  if (state_->buffer.size() >= blockBytes) state_->writeOut();
+  state_->writeOutIfFull();
+}
+
+void TextFile::WriteBytes(std::string_view bytes) {
+  if (!state_ || !state_->file) fail(ErrorNumber::BadFileNameOrNumber);
+  while (!bytes.empty()) {
+    const std::size_t taken = std::min(bytes.size(), blockBytes);
+    state_->buffer += bytes.substr(0, taken);
+    bytes.remove_prefix(taken);
+    state_->writeOutIfFull();
+  }
 }
 
 void TextFile::Close() {

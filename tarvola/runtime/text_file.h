@@ -21,6 +21,8 @@ class TextFile {
 
   /// Appends the text and CR LF. A full disk is error 61 "Disk full".
   void WriteLine(std::string_view text);
+  /// Appends bytes that are of the code page already, as they are and without a line end. Fails likewise.
+  void WriteBytes(std::string_view bytes);
   /// Hands everything to the system. Fails if a write or the close failed.
   void Close();
 

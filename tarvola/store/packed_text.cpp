@@ -70,6 +70,10 @@ constexpr std::uint64_t separatorsIn(std::uint64_t eight) noexcept {
   return ~(lowBitsSet | differences) & (eachByte << 7U);
 }
 
+/// How many bits separatorsIn gave: the product adds the eight of them up in its highest byte. A general count of bits
+/// is a call of a function on processors of the oldest kind, for which the library is built.
+constexpr std::size_t countOf(std::uint64_t separators) noexcept { return (separators >> 7U) * eachByte >> 56U; }
+
 }  // namespace
 
 void PackedText::cut(std::string_view text) {
@@ -92,7 +96,7 @@ std::size_t countFields(std::string_view text) noexcept {
   if (text.empty()) return 0;
   std::size_t count = 1;
   for (; text.size() >= sizeof(std::uint64_t); text.remove_prefix(sizeof(std::uint64_t)))
-    count += static_cast<std::size_t>(std::popcount(separatorsIn(eightFrom(text.data()))));
+    count += countOf(separatorsIn(eightFrom(text.data())));
   return count + static_cast<std::size_t>(std::count(text.begin(), text.end(), fieldSeparator));
 }
 

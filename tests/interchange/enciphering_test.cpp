@@ -377,6 +377,24 @@ TEST(Utf16, EveryByteOfTheCodePageComesBack) {
   EXPECT_EQ(back.foreignCount, 0U);
 }
 
+TEST(Utf16, BytesOfTheCodePageBecomeTheSameAsTheirText) {
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  EXPECT_EQ(utf16FromAnsi(bytes), toUtf16(fromAnsi(bytes)));
+  EXPECT_EQ(utf16FromAnsi(""), "");
+}
+
+TEST(Enciphering, BytesOfTheCodePageGiveTheLinesOfTheirTextAtEveryLength) {
+  // Around the lengths at which a block, a line and a piece of the work are full.
+  for (const std::size_t length : {0U, 1U, 3U, 4U, 5U, 16383U, 16384U, 16385U, 32767U, 32768U, 32769U, 50001U}) {
+    std::string bytes;
+    for (std::size_t i = 0; i < length; ++i) bytes += static_cast<char>(i * 7 + i / 251);
+    std::vector<std::string> lines;
+    encipherAnsi(bytes, "secret", fillKnown, [&](std::string_view line) { lines.emplace_back(line); });
+    EXPECT_EQ(lines, linesOf(fromAnsi(bytes), "secret")) << length;
+  }
+}
+
 TEST(Utf16, ForeignCharactersAreCounted) {
   const AnsiBytes back = ansiFromUtf16(toUtf16("a😀\u0100z"));
   EXPECT_EQ(back.bytes, "a???z");

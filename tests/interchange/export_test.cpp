@@ -253,6 +253,17 @@ TEST_F(Export, OfTwoFilersSlipsWithOneNumberBothLinesShowTheFirst) {
   EXPECT_EQ(lines()[1], lines()[0]);
 }
 
+TEST_F(Export, NumbersAreToldApartWithoutRegardToCase) {
+  slip("F113319", "a-000001/PPH4", head + "08/01/2009;a-000001/PPH4;1;First;A;1000;10;100");
+  slip("F113319", "A-000001/pph4", head + "08/01/2009;A-000001/pph4;1;Second;A;2000;10;200");
+  slip("F113320", "a-000001/PPH4", head + "08/01/2009;a-000001/PPH4;1;Third;A;3000;10;300");
+  exportMonth();
+  ASSERT_EQ(lines().size(), 3U);
+  EXPECT_THAT(lines()[0], testing::HasSubstr(";First;"));
+  EXPECT_EQ(lines()[1], lines()[0]);
+  EXPECT_THAT(lines()[2], testing::HasSubstr(";Third;"));
+}
+
 TEST_F(Export, SelfPaidFormsOfOnePaymentAreToldApartByTheirPackedText) {
   selfPaid("FAlihTnhBgn", "NTPN 1", head + "14/01/2009;NTPN 1;1;6000;300");
   selfPaid("FAlihTnhBgn", "NTPN 1", head + "14/01/2009;NTPN 1;2;8000;400");

@@ -49,6 +49,19 @@ TEST_F(TextFiles, AreWrittenInTheAnsiCodePageWithCrLf) {
             "5\r\n\r\n");
 }
 
+TEST_F(TextFiles, TakeBytesOfTheCodePageAsTheyAre) {
+  std::string bytes;
+  for (int i = 0; i < 300'000; ++i) bytes += static_cast<char>(i % 251);
+  TextFile file = TextFile::create(path("a.txt"));
+  file.WriteLine("é");
+  file.WriteBytes(bytes);
+  file.WriteBytes("");
+  file.WriteLine("end");
+  file.Close();
+  EXPECT_EQ(readFile(path("a.txt")), "\xE9\r\n" + bytes + "end\r\n");
+  EXPECT_EQ(failureOf([&] { file.WriteBytes("more"); }), 52);
+}
+
 TEST_F(TextFiles, ReplaceAFileOfTheSameName) {
   const std::string name = fileOf("old and longer than the new one");
   TextFile file = TextFile::create(name);

@@ -82,6 +82,13 @@ constexpr PlanCase plans[] = {
      "INDEX DATSSP_PERIOD"},
     {"SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = '1' AND PASAL = 4 AND MsPjkPBK = 1 AND ThPjkPBK = 2009",
      "INDEX datPBKPPhMasa_PERIOD"},
+    {"SELECT * FROM DATSSP WHERE KODEPASAL = 4 AND MsPjk = 1 AND ThPjk = 2009 AND KdPmbtln = 0 AND KdMAP = '411128' "
+     "AND "
+     "NTPP = '1' AND KdJnsStr = '402' AND TglSSP = DateValue('02/01/2009') ORDER BY TGLSSP DESC",
+     "INDEX DATSSP_NUMBER"},
+    {"SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = '1' AND PASAL = 4 AND NoBuktiPBK = '2' AND MsPjkPBK = 1 AND "
+     "ThPjkPBK = 2009",
+     "INDEX datPBKPPhMasa_NUMBER"},
     {"SELECT NPWP_PARTNER FROM PARTNER_INFO WHERE NPWP_PARTNER = '1'", "INDEX PARTNER_INFO_NPWP"},
 };
 

@@ -1,0 +1,69 @@
+#include "bench/roads/on_copies.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "bench/roads/statement_replay.h"
+#include "tarvola/tarvola.h"
+
+namespace tarvola::bench {
+
+namespace {
+
+void writeThrough(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  ::fsync(file);
+  ::close(file);
+}
+
+double secondsOfLibrary(const std::string& path, const std::function<void()>& work) {
+  connectTo(path);
+  const CGeneralClass keptOpen;
+  return seconds(work);
+}
+
+double secondsOfStatements(const std::string& path, const std::vector<NotedStatement>& statements) {
+  StatementReplay replay(path, statements);
+  return seconds([&] { replay.run(); });
+}
+
+}  // namespace
+
+std::string copyOf(const BenchStore& store, const std::string& name) {
+  std::string path = store.file(name + ".tarvola");
+  for (const char* const ending : {"", "-wal", "-shm"}) std::filesystem::remove(path + ending);
+  std::filesystem::copy_file(store.path(), path);
+  writeThrough(path);
+  return path;
+}
+
+std::vector<NotedStatement> statementsOf(const std::string& path, const std::function<void()>& work) {
+  StatementTrace trace;
+  connectTo(path);
+  const CGeneralClass keptOpen;
+  trace.take();
+  work();
+  return trace.take();
+}
+
+Measurement measureOnCopies(const std::string& road, const BenchStore& store, std::int64_t slips,
+                            const std::function<void()>& work) {
+  const std::vector<NotedStatement> statements = statementsOf(copyOf(store, "noted"), work);
+  Measurement result{.road = road, .slips = slips, .operations = slips};
+  takeMedians(
+      result, runsFor(slips), [&] { return secondsOfLibrary(copyOf(store, "ours"), work); },
+      [&] { return secondsOfStatements(copyOf(store, "floor"), statements); });
+  return result;
+}
+
+double peakMibOnCopy(const BenchStore& store, const std::function<void()>& work) {
+  const std::string path = copyOf(store, "peak");
+  return peakMibOf([&] {
+    connectTo(path);
+    work();
+  });
+}
+
+}  // namespace tarvola::bench

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "bench/roads/measure.h"
+#include "bench/roads/month_maker.h"
+#include "bench/roads/statement_trace.h"
+
+namespace tarvola::bench {
+
+/// A copy of a store in the same folder, written through to the disk, so that nothing of the copying is left to be done
+/// while something is measured. Gives its path.
+std::string copyOf(const BenchStore& store, const std::string& name);
+
+/// The statements that some work of the library runs on a store.
+std::vector<NotedStatement> statementsOf(const std::string& path, const std::function<void()>& work);
+
+/// Measures work that changes its store, each run on a fresh copy: by the library, and by its statements alone.
+Measurement measureOnCopies(const std::string& road, const BenchStore& store, std::int64_t slips,
+                            const std::function<void()>& work);
+
+/// Peak memory of a process that does nothing but the work, on a copy of the store.
+double peakMibOnCopy(const BenchStore& store, const std::function<void()>& work);
+
+}  // namespace tarvola::bench
