@@ -24,14 +24,6 @@ constexpr std::string_view rowsTable = "LAMPIRAN_SSP_PPh22";
 constexpr std::string_view grossSum = "JMLPHSL";
 constexpr std::string_view taxSum = "JmlPPh";
 
-/// NPWP of the filer, "" if the store does not say.
-std::string npwpOfProfile() {
-  CGeneralClass general;
-  const RecordsetPtr profile = general.pGetRecordDbase("SELECT NPWP FROM PROFILE");
-  if (!profile || store::isEmptyResult(profile)) return {};
-  return store::fieldTextOr(profile, "NPWP", "");
-}
-
 }  // namespace
 
 SelfPaidList::SelfPaidList(const SelfPaidListDescription& description) : description_(description) {}
@@ -137,7 +129,7 @@ void SelfPaidList::pUpdate() {
 }
 
 void SelfPaidList::addHeader(const RecordsetPtr& headers) const {
-  const std::string npwp = npwpOfProfile();
+  const std::string npwp = store::npwpOfProfile(CGeneralClass().pGetRecordDbase("SELECT NPWP FROM PROFILE"));
   const std::string recordedOn = formatDate(today());
   headers->AddNew();
   store::setField(headers, "NPWP", npwp);

@@ -80,7 +80,7 @@ class SelfPaidList {
   /// Writes the header's packed text through rs4_2Form as pGetD113203 leaves it.
   void pUpdateInduk();
   /// Writes the header's packed text to its row, which is added with the filer of PROFILE if it has gone since the
-  /// load. Without a loaded header it fails and nothing is added.
+  /// load. Without a loaded header, or if PROFILE cannot be read, it fails and nothing is added.
   void pUpdate();
 
   /// Deletes the row of one form; the sums do not move. snmForm is not read.

@@ -19,18 +19,9 @@ using store::FormTable;
 using store::Statement;
 using store::text;
 
-/// NPWP of the filer, "" if the store does not say. A profile that cannot be read fails: a form is not saved under a
-/// filer that nobody knows.
-std::string npwpOfProfile() {
-  CGeneralClass general;
-  const RecordsetPtr profile = general.pGetRecordDbase("SELECT NPWP FROM PROFILE");
-  return store::isEmptyResult(profile) ? std::string() : store::fieldTextOr(profile, "NPWP", "");
-}
-
 store::FilerHeader filerOfListHeader() {
-  CGeneralClass general;
   return store::filerOfPartnerColumns(
-      general.pGetRecordDbase("SELECT NPWP,NAMA_WP_PARTNER,ALAMAT_WP_PARTNER FROM PROFILE"));
+      CGeneralClass().pGetRecordDbase("SELECT NPWP,NAMA_WP_PARTNER,ALAMAT_WP_PARTNER FROM PROFILE"));
 }
 
 }  // namespace
@@ -57,7 +48,7 @@ void SelfPaidFrame::pUpdate() {
 }
 
 void SelfPaidFrame::addRow(const std::string& packed) {
-  const std::string npwp = npwpOfProfile();
+  const std::string npwp = store::npwpOfProfile(CGeneralClass().pGetRecordDbase("SELECT NPWP FROM PROFILE"));
   const std::string recordedOn = formatDate(today());
   form_->AddNew();
   store::setField(form_, "NPWP", npwp);
@@ -111,12 +102,11 @@ void SelfPaidFrame::makeListHeader(FormList& list, const store::Period& period) 
 
 ListRow SelfPaidFrame::listRow(const store::Period& period) const {
   const RecordsetPtr& header = header_.get();
-  const Amounts amounts = currentAmounts();
   return {.period = period,
           .paymentNumber = store::fieldText(header, "NTTP"),
           .paidOn = CDate(store::fieldValue(header, "Tgl_Potong")),
-          .grossRupiah = amounts.grossRupiah,
-          .taxRupiah = amounts.taxRupiah,
+          .grossRupiah = sumOf(&AmountPair::gross),
+          .taxRupiah = sumOf(&AmountPair::tax),
           .seq = store::fieldNumber(header, "SEQ"),
           .location = description_.hasLocation ? store::fieldText(header, "Lokasi") : std::string()};
 }

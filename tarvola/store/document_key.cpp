@@ -72,6 +72,10 @@ FilerHeader filerOfPartnerColumns(const RecordsetPtr& profile) {
   return filerFrom(profile, "NAMA_WP_PARTNER", "ALAMAT_WP_PARTNER");
 }
 
+std::string npwpOfProfile(const RecordsetPtr& profile) {
+  return isEmptyResult(profile) ? std::string() : fieldTextOr(profile, "NPWP", "");
+}
+
 std::string packedHead(const FilerHeader& filer, const Period& period) {
   PackedRow head;
   head.text("NPWP", filer.npwp).text("NmWP", filer.name).text("ALM", filer.address);

@@ -64,6 +64,9 @@ struct FilerHeader {
 FilerHeader filerOfProfile(const RecordsetPtr& profile);
 /// The same by NPWP, NAMA_WP_PARTNER and ALAMAT_WP_PARTNER, the other pair of columns that the table has.
 FilerHeader filerOfPartnerColumns(const RecordsetPtr& profile);
+/// The number alone, of a profile that was asked for nothing else. Error 91 for one that could not be read at all: no
+/// document is to be kept under a filer that nobody knows.
+std::string npwpOfProfile(const RecordsetPtr& profile);
 
 /// The six leading fields of every packed text, joined by ";" with none behind. A ";" in one of the texts is error 5:
 /// it would shift every later field of the row.

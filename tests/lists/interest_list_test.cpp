@@ -1,11 +1,10 @@
 #include "tarvola/lists/CD113210.h"
 
-#include <sqlite3.h>
-
 #include "tarvola/ado/fields.h"
 #include "tarvola/lists/interest_lines.h"
 #include "tarvola/store/field_access.h"
 #include "tests/lists/open_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -40,13 +39,6 @@ class InterestList : public testing::Test {
     for (const std::string_view name : names)
       text += (text.empty() ? "" : ";") + store::fieldTextOr(list.rs4_2Hdr(), name, "-null-");
     return text;
-  }
-  /// Changes the store in a way that no statement of the dialect can.
-  void behindItsBack(const char* statement) const {
-    sqlite3* handle = nullptr;
-    ASSERT_EQ(sqlite3_open(store.path().c_str(), &handle), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(handle, statement, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
-    sqlite3_close(handle);
   }
   /// The twelve sums as the table has them; what is not read stays -1.
   std::vector<double> table() {
@@ -84,6 +76,49 @@ TEST_F(InterestList, HoldsNoRecordWithoutAHeader) {
   list.aJML23(5.0);
   list.pUpdate();
   EXPECT_EQ(messages.texts().size(), 3U);
+}
+
+TEST_F(InterestList, LoadsAndSavesTheHeaderOfItsPeriod) {
+  addHeader({.msPajak = 2, .thPajak = 2009, .kdPembetulanKe = 0});
+  addHeader({.msPajak = 1, .thPajak = 2010, .kdPembetulanKe = 0});
+  addHeader({.msPajak = 1, .thPajak = 2009, .kdPembetulanKe = 1});
+  store.addDocument({.npwp = "n", .kdForm = "D113206", .jenisDokumen = "08", .period = january}, "x");
+  for (const auto load : {&CD113210::pGetDaftarInduk, &CD113210::pGetD113210}) {
+    (list.*load)("", 1, 2009, 0);
+    EXPECT_EQ(list.rs4_2Form()->get_RecordCount(), 1);
+    list.aJML23(5.0);
+    list.pUpdate();
+    EXPECT_EQ(list.pGetD113210_rpt("", 1, 2009, 0)->get_RecordCount(), 1);
+  }
+  EXPECT_THAT(store.rows("SELECT MS_PAJAK, TH_PAJAK, KD_PEMBETULAN_KE FROM DS_FORM_INDUK WHERE DAT_FORM LIKE "
+                         "'%;5;0;0;0;0;0;5;0;0'"),
+              testing::ElementsAre("1|2009|0"));
+  EXPECT_EQ(store.rows("SELECT * FROM DS_FORM_INDUK WHERE DAT_FORM LIKE '%;0;0;0;0;0;0;0;0;0'").size(), 3U);
+  EXPECT_TRUE(messages.empty());
+}
+
+// Packing comes first: a text that cannot be packed leaves the row as it was, loaded and stored.
+TEST_F(InterestList, IsNotStoredWhenATextOfItsHeaderHoldsTheSeparator) {
+  const auto before = store.dump();
+  list.pGetD113210("", 1, 2009, 0);
+  const std::string raw = store::fieldText(list.rs4_2Form(), "DAT_FORM");
+  store::setField(list.rs4_2Hdr(), "NmWP", "PT A;B");
+  list.aJML23(5.0);
+  list.pUpdate();
+  EXPECT_THAT(messages.texts(), testing::ElementsAre(testing::HasSubstr("'NmWP' holds ';'")));
+  EXPECT_EQ(store::fieldText(list.rs4_2Form(), "DAT_FORM"), raw);
+  EXPECT_EQ(store.dump(), before);
+}
+
+TEST_F(InterestList, LivesOnWithoutAStore) {
+  moduleState() = {};
+  CD113210 stranded;
+  ASSERT_EQ(messages.texts().size(), 1U);
+  stranded.pGetDaftarInduk("", 1, 2009, 0);
+  stranded.pGetD113210("", 1, 2009, 0);
+  EXPECT_EQ(stranded.pGetD113210_rpt("", 1, 2009, 0), nullptr);
+  stranded.pUpdate();
+  EXPECT_EQ(messages.texts().size(), 5U);
 }
 
 TEST_F(InterestList, FailsBeforeALoad) {
@@ -166,9 +201,11 @@ TEST_F(InterestList, AddsEachSumToTheTotalOfItsColumn) {
 }
 
 TEST_F(InterestList, LeavesTheOtherTotalsAloneWhenPayeesAreSet) {
+  store.run("UPDATE DS_FORM_INDUK SET DAT_FORM = 'n;a;b;1;2009;0;2;0;0;0;0;0;0;0;0;1;0;0;3;77;88'");
   list.pGetD113210("", 1, 2009, 0);
   list.aJML23(5.0);
-  EXPECT_EQ(sums({"JML23", "JML3", "JML4", "JML5"}), "5;5;0;0");
+  EXPECT_EQ(sums({"JML1A3", "JML1B3", "JML23", "JML33", "JML3", "JML4", "JML5"}), "2;0;5;1;8;77;88");
+  EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(InterestList, ReadsATextAsANumber) {
@@ -208,6 +245,25 @@ TEST_F(InterestList, CountsAPayeeOnceInAKind) {
   EXPECT_EQ(storedSums(), "0;0;0;0;0;0;0;0;0;0;0;0;0;0;0");
 }
 
+// One payee with a domestic line and one of giro counts once in each kind, and so twice in the total.
+TEST_F(InterestList, CountsAPayeeOfTwoKindsTwiceInItsTotal) {
+  addLine("DN", "payee", 1000, 200);
+  addLine("GIRO", "payee", 30, 6);
+  const std::vector<double> v = table();
+  list.pGetD113210("", 1, 2009, 0);
+  list.aJML1A3(v[0]);
+  list.aJML1B3(v[3]);
+  list.aJML23(v[6]);
+  list.aJML33(v[9]);
+  EXPECT_EQ(sums({"JML1A3", "JML1B3", "JML23", "JML33", "JML3"}), "1;0;0;1;2");
+}
+
+TEST_F(InterestList, AddsUpFractions) {
+  addLine("LN", "payee", 1000.25, 200.5);
+  addLine("LN", "second", 0.5, 0.25);
+  EXPECT_EQ(table(), (std::vector<double>{0, 0, 0, 2, 1000.75, 200.75, 0, 0, 0, 0, 0, 0}));
+}
+
 TEST_F(InterestList, PassesOverOtherKindsPeriodsAndCorrections) {
   addLine("OTHER", "payee", 1000, 200);
   addLine("", "payee", 1000, 200);
@@ -218,7 +274,7 @@ TEST_F(InterestList, PassesOverOtherKindsPeriodsAndCorrections) {
 }
 
 TEST_F(InterestList, LeavesTheVariablesAsTheyWereWhenTheTableIsGone) {
-  behindItsBack("DROP TABLE D113210");
+  dropTable(store.path(), "D113210");
   EXPECT_EQ(table(), std::vector<double>(12, -1));
   EXPECT_EQ(messages.texts().size(), 1U);
 }
@@ -227,7 +283,7 @@ TEST_F(InterestList, LeavesTheVariablesAsTheyWereWhenTheTableIsGone) {
 // first count is there and nothing behind it.
 TEST_F(InterestList, ReadsKindByKindAndCountsFirst) {
   addLine("DN", "payee", 1000, 200);
-  behindItsBack("ALTER TABLE D113210 RENAME COLUMN PPH TO OTHER");
+  runNative(store.path(), "ALTER TABLE D113210 RENAME COLUMN PPH TO OTHER");
   std::vector<double> expected(12, -1);
   expected[0] = 1;
   EXPECT_EQ(table(), expected);

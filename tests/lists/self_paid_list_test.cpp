@@ -4,8 +4,10 @@
 #include "tarvola/lists/CDPPhJasaKonstruksi.h"
 #include "tarvola/lists/CDPPhSewaTanahBangunan.h"
 #include "tarvola/runtime/clock.h"
+#include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tests/lists/open_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -139,6 +141,37 @@ TYPED_TEST(SelfPaidLists, DeleteARowByItsWholeKey) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+// A row of another list, month, year, correction, collection, payment or SEQ is another row, to a replacement as to a
+// delete.
+TYPED_TEST(SelfPaidLists, TouchNoRowOfAnotherKey) {
+  const std::string form(Expected<TypeParam>::form);
+  for (const std::string key :
+       {"'DOther', 1, 2009, 0, 0, 1, '1234567890123456'", "'FORM', 2, 2009, 0, 0, 1, '1234567890123456'",
+        "'FORM', 1, 2010, 0, 0, 1, '1234567890123456'", "'FORM', 1, 2009, 1, 0, 1, '1234567890123456'",
+        "'FORM', 1, 2009, 0, 1, 1, '1234567890123456'", "'FORM', 1, 2009, 0, 0, 2, '1234567890123456'",
+        "'FORM', 1, 2009, 0, 0, 1, '77'"}) {
+    std::string own = key;
+    if (own.starts_with("'FORM'")) own.replace(0, 6, "'" + form + "'");
+    this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES (" + own + ", 'other')");
+  }
+  const auto before = this->store.dump();
+  put(this->list, {});
+  EXPECT_EQ(this->store.rows("SELECT * FROM LAMPIRAN_SSP_PPh22 WHERE DAT_FORM = 'other'").size(), 7U);
+  EXPECT_EQ(this->places().size(), 8U);
+  this->list.pDeleteD113203Coll("", 1, 2009, 0, "1234567890123456", 0, 1);
+  EXPECT_EQ(this->store.dump(), before);
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// The old row is looked for before anything is written: a number that breaks the search leaves everything as it was.
+TYPED_TEST(SelfPaidLists, LookForTheOldRowBeforeTheyWriteTheNewOne) {
+  put(this->list, {});
+  const auto before = this->store.dump();
+  put(this->list, {.number = "1234567890123456' OR '1'='1", .remark = "Ma'ruf"});
+  EXPECT_EQ(this->store.dump(), before);
+  EXPECT_THAT(this->messages.texts(), testing::ElementsAre(testing::HasSubstr("OR '1'='1")));
+}
+
 TYPED_TEST(SelfPaidLists, TellSeqsApartThatAreNotWhole) {
   put(this->list, {.seq = 1.5});
   put(this->list, {.seq = 1});
@@ -156,6 +189,13 @@ TYPED_TEST(SelfPaidLists, CreateTheirHeaderWithBothSumsZero) {
                 "|1|2009|0|-|113|013121660091000;PT Contoh Sejahtera;Jakarta;1;2009;0;0;0|07/02/2009|07/02/2009|");
   this->createHeader();
   EXPECT_EQ(this->store.rows("SELECT * FROM DAT_SSP_PPh22").size(), 2U);
+}
+
+TYPED_TEST(SelfPaidLists, CreateTheirHeaderWithTheDateInItsDefaultTextForm) {
+  const Date noon = Date::fromSerial(Date::fromYmd(2009, 2, 7).serial() + 0.5);
+  this->list.pCreateHdrInduk(1, 2009, 0, filer, "Jakarta", "PT Contoh Sejahtera", noon);
+  EXPECT_EQ(this->store.row("SELECT TGL_REKAM, TGL_UBAH, NIP FROM DAT_SSP_PPh22"),
+            "07/02/2009 12:00:00|07/02/2009 12:00:00|");
 }
 
 TYPED_TEST(SelfPaidLists, FindTheirHeaderByPeriod) {
@@ -183,6 +223,43 @@ TYPED_TEST(SelfPaidLists, LoadTheirHeaderAloneAndDropTheRawRow) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+// Three other headers stand around it. Only that of the period moves.
+TYPED_TEST(SelfPaidLists, LoadAndSaveTheHeaderOfTheirPeriod) {
+  const Date day = Date::fromYmd(2009, 2, 7);
+  this->list.pCreateHdrInduk(2, 2009, 0, filer, "Jakarta", "PT Contoh Sejahtera", day);
+  this->list.pCreateHdrInduk(1, 2010, 0, filer, "Jakarta", "PT Contoh Sejahtera", day);
+  this->list.pCreateHdrInduk(1, 2009, 1, filer, "Jakarta", "PT Contoh Sejahtera", day);
+  this->store.run("INSERT INTO DAT_SSP_PPh22 VALUES ('n', 'DOther', '99', 1, 2009, 0, '-', '113', 'x', '', '', '')");
+  const auto others = this->store.dump();
+  this->createHeader();
+  this->list.pAssignStatus(true, false, false);
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->list.pJmlPajak(10, 1);
+  this->list.pUpdate();
+  this->list.pGetD113203("", 1, "2009", "0");
+  this->list.pJmlPajak(5, 1);
+  this->list.pUpdateInduk();
+  EXPECT_EQ(this->store.row("SELECT DAT_FORM FROM DAT_SSP_PPh22 WHERE MS_PAJAK = 1 AND TH_PAJAK = 2009 AND "
+                            "KD_PEMBETULAN_KE = 0 AND KD_FORM = '" +
+                            std::string(Expected<TypeParam>::form) + "'"),
+            "013121660091000;PT Contoh Sejahtera;Jakarta;1;2009;0;15;2");
+  this->store.run(
+      "DELETE * FROM DAT_SSP_PPh22 WHERE MS_PAJAK = 1 AND TH_PAJAK = 2009 AND KD_PEMBETULAN_KE = 0 AND "
+      "KD_FORM = '" +
+      std::string(Expected<TypeParam>::form) + "'");
+  EXPECT_EQ(this->store.dump(), others);
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidLists, SaveTheHeaderAloneOnlyThroughTheRawRowOfAWholeLoad) {
+  this->createHeader();
+  const auto before = this->store.dump();
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->list.pUpdateInduk();
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>{"Object variable or With block variable not set"});
+  EXPECT_EQ(this->store.dump(), before);
+}
+
 TYPED_TEST(SelfPaidLists, LoadTheirOwnRowsOnly) {
   this->createHeader();
   put(this->list, {});
@@ -191,6 +268,10 @@ TYPED_TEST(SelfPaidLists, LoadTheirOwnRowsOnly) {
                   "', 1, 2009, 1, 0, 1, 'x', '1;2009;1;5;5')");
   this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES ('" + std::string(Expected<TypeParam>::form) +
                   "', 1, 2009, 0, 1, 1, 'x', '1;2009;1;5;5')");
+  this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES ('" + std::string(Expected<TypeParam>::form) +
+                  "', 2, 2009, 0, 0, 1, 'x', '2;2009;1;5;5')");
+  this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES ('" + std::string(Expected<TypeParam>::form) +
+                  "', 1, 2010, 0, 0, 1, 'x', '1;2010;1;5;5')");
   this->list.pGetD113203("", 1, "2009", "0");
   ASSERT_NE(this->list.rs4_2FormColl1(), nullptr);
   EXPECT_EQ(this->list.rs4_2FormColl1()->get_RecordCount(), 1);
@@ -233,6 +314,50 @@ TYPED_TEST(SelfPaidLists, HaveSumsOfZeroWithoutRows) {
   EXPECT_EQ(this->storedSums(), "0;0");
 }
 
+TYPED_TEST(SelfPaidLists, PassOverRowsWithoutAmounts) {
+  this->createHeader();
+  put(this->list, {.gross = 40, .tax = 4});
+  for (const char* packed : {"1;2009;2;;9;x;05/02/2009;", "1;2009;3;9;;x;05/02/2009;", "1;2009"})
+    this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES ('" + std::string(Expected<TypeParam>::form) +
+                    "', 1, 2009, 0, 0, 2, 'x', '" + packed + "')");
+  this->list.pGetD113203("", 1, "2009", "0");
+  this->list.pPPhFinal(1);
+  this->list.pUpdateInduk();
+  EXPECT_EQ(this->storedSums(), "49;13");
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// The walk begins at the first row, wherever the last one ended.
+TYPED_TEST(SelfPaidLists, AddUpTheSameTwice) {
+  this->createHeader();
+  put(this->list, {});
+  put(this->list, {.seq = 2});
+  this->list.pGetD113203("", 1, "2009", "0");
+  this->list.pPPhFinal(1);
+  this->list.pPPhFinal(1);
+  this->list.pUpdateInduk();
+  EXPECT_EQ(this->storedSums(), "2000;200");
+}
+
+TYPED_TEST(SelfPaidLists, KeepTheirSumsWhenAnAmountIsNoNumber) {
+  this->createHeader();
+  put(this->list, {});
+  this->store.run("INSERT INTO LAMPIRAN_SSP_PPh22 VALUES ('" + std::string(Expected<TypeParam>::form) +
+                  "', 1, 2009, 0, 0, 2, 'x', '1;2009;2;seribu;9;x;05/02/2009;')");
+  this->list.pGetD113203("", 1, "2009", "0");
+  this->list.pPPhFinal(1);
+  this->list.pUpdateInduk();
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>{"Type mismatch"});
+  EXPECT_EQ(this->storedSums(), "0;0");
+}
+
+TYPED_TEST(SelfPaidLists, NeedTheirRowsToBeLoaded) {
+  this->createHeader();
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->list.pPPhFinal(1);
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>{"Object variable or With block variable not set"});
+}
+
 struct AdjustCase {
   bool add, edit, remove;
   double gross, tax;
@@ -267,6 +392,19 @@ TYPED_TEST(SelfPaidLists, MoveTheirSumsByTheStatus) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+// Gross is changed first, then tax, and only then is either looked at for the floor: a tax that is no number leaves a
+// gross below 0 behind.
+TYPED_TEST(SelfPaidLists, ChangeBothSumsBeforeTheFloor) {
+  this->createHeader();
+  this->store.run("UPDATE DAT_SSP_PPh22 SET DAT_FORM = 'n;a;b;1;2009;0;100;dua'");
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->list.pAssignStatus(false, false, true);
+  this->list.pJmlPajak(500, 1);
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>{"Type mismatch"});
+  this->list.pUpdate();
+  EXPECT_EQ(this->storedSums(), "-400;dua");
+}
+
 // --- a missing header -----------------------------------------------------------------------------------
 
 TYPED_TEST(SelfPaidLists, FailWithoutALoadedHeaderAndAddNone) {
@@ -286,9 +424,17 @@ TYPED_TEST(SelfPaidLists, FailWithoutALoadedHeaderAndAddNone) {
   EXPECT_TRUE(this->store.rows("SELECT * FROM DAT_SSP_PPh22").empty());
 }
 
+// The header's fields are made before its row is looked for, the rows after it: so the header of an earlier load goes
+// and its rows stay.
 TYPED_TEST(SelfPaidLists, FailToLoadTheirRowsWithoutAHeader) {
+  this->createHeader();
+  put(this->list, {});
   this->list.pGetD113203("", 1, "2009", "0");
-  EXPECT_EQ(this->messages.texts().size(), 1U);
+  const RecordsetPtr rows = this->list.rs4_2FormColl1();
+  this->list.pGetD113203("", 2, "2009", "0");
+  this->list.pJmlPajak(10, 1);
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>(2, std::string(errorText(ErrorNumber::NoCurrentRecord))));
+  EXPECT_EQ(this->list.rs4_2FormColl1(), rows);
 }
 
 // The header's row has gone since the load: it is added anew, with the filer of PROFILE and today's date.
@@ -317,15 +463,46 @@ TYPED_TEST(SelfPaidLists, AddAHeaderWithoutAFilerWhenTheProfileIsEmpty) {
   EXPECT_TRUE(this->messages.empty());
 }
 
-TYPED_TEST(SelfPaidLists, TellTheMovesOfTheirHeader) {
+// The profile names the filer of the header that is added. If it cannot be read, nobody would know whose list it is.
+TYPED_TEST(SelfPaidLists, AddNoHeaderIfTheProfileCannotBeRead) {
+  this->createHeader();
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->store.run("DELETE * FROM DAT_SSP_PPh22");
+  dropTable(this->store.path(), "PROFILE");
+  this->list.pUpdate();
+  EXPECT_EQ(this->messages.texts(), std::vector<std::string>{"Object variable or With block variable not set"});
+  EXPECT_TRUE(this->store.rows("SELECT * FROM DAT_SSP_PPh22").empty());
+}
+
+// The header is packed before its row is looked for, so that one that cannot be packed opens nothing.
+TYPED_TEST(SelfPaidLists, PackTheirHeaderBeforeTheyOpenItsRow) {
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->list.pUpdate();
+  EXPECT_EQ(this->messages.texts().size(), 1U);
+  EXPECT_EQ(this->list.rs4_2Form(), nullptr);
+}
+
+TYPED_TEST(SelfPaidLists, TellNoMoveOfTheirRawRow) {
   int moves = 0;
   this->createHeader();
   this->list.MoveComplete.connect([&] { ++moves; });
   this->list.pGetD113203("", 1, "2009", "0");
-  const RecordsetPtr raw = this->list.rs4_2Form();
-  moves = 0;
-  raw->MoveFirst();
+  this->list.rs4_2Form()->MoveFirst();
   EXPECT_EQ(moves, 0);
+}
+
+TYPED_TEST(SelfPaidLists, LiveOnWithoutAStore) {
+  moduleState() = {};
+  TypeParam stranded;
+  ASSERT_EQ(this->messages.texts().size(), 1U);
+  stranded.pCreateHdrInduk(1, 2009, 0, filer, "a", "n", Date::fromYmd(2009, 2, 7));
+  EXPECT_FALSE(stranded.pCheckHdr(filer, 1, 2009, 0));
+  put(stranded, {});
+  stranded.pDeleteD113203Coll("", 1, 2009, 0, "77", 0, 1);
+  stranded.pGetD113203("", 1, "2009", "0");
+  stranded.pGetD113203Induk("", 1, "2009", "0");
+  stranded.pUpdate();
+  EXPECT_EQ(this->messages.texts().size(), 8U);
 }
 
 // --- hostile texts --------------------------------------------------------------------------------------

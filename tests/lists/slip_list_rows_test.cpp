@@ -1,4 +1,5 @@
 #include "tests/lists/slip_list_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
@@ -81,6 +82,16 @@ TEST_F(SlipListRows, AreLostWhenTheirReplacementFails) {
   EXPECT_EQ(messages.texts().size(), 1U);
 }
 
+// The search comes before the delete, the delete before the new row.
+TEST_F(SlipListRows, AreSearchedForThenDeletedThenWritten) {
+  putSlip(list, "000001/PPH4");
+  const auto before = store.dump();
+  refuseWrites(store.path(), "DELETE", "DS_FORM_LAMPIRAN");
+  putSlip(list, "000001/PPH4", 0, 7, 7, "Ma'ruf");
+  EXPECT_THAT(messages.texts(), testing::ElementsAre(testing::HasSubstr("refused")));
+  EXPECT_EQ(store.dump(), before);
+}
+
 TEST_F(SlipListRows, StayWhenASlipNumberFailsTheSearch) {
   putSlip(list, "000001/PPH4");
   const auto before = store.dump();
@@ -107,6 +118,30 @@ TEST_F(SlipListRows, StayWhenATextHoldsTheSeparator) {
   EXPECT_EQ(store.dump(), before);
 }
 
+// A row is asked for by the whole of list, period, correction, collection and number.
+TEST_F(SlipListRows, OfAnotherKeyAreNeitherReplacedNorDeleted) {
+  for (const std::string key : {"'D113207', 1, 2009, 0, 0", "'D113206', 2, 2009, 0, 0", "'D113206', 1, 2010, 0, 0",
+                                "'D113206', 1, 2009, 1, 0", "'D113206', 1, 2009, 0, 1"})
+    store.run("INSERT INTO DS_FORM_LAMPIRAN VALUES (" + key + ", 1, '000001/PPH4', 'other')");
+  store.run("INSERT INTO DS_FORM_LAMPIRAN VALUES ('D113206', 1, 2009, 0, 0, 1, '000009/PPH4', 'other')");
+  const auto before = store.dump();
+  putSlip(list, "000001/PPH4");
+  EXPECT_EQ(store.rows("SELECT * FROM DS_FORM_LAMPIRAN WHERE DAT_FORM = 'other'").size(), 6U);
+  EXPECT_EQ(store.row("SELECT SEQ FROM DS_FORM_LAMPIRAN WHERE DAT_FORM <> 'other'"), "2");
+  list.pDeleteD113206Coll("D113206", 1, 2009, 0, "000001/PPH4", 0);
+  EXPECT_EQ(store.dump(), before);
+  EXPECT_TRUE(messages.empty());
+}
+
+// Both rows of a slip that has two go with it.
+TEST_F(SlipListRows, OfOneSlipAreDeletedTogether) {
+  for (const int seq : {7, 8})
+    store.run("INSERT INTO DS_FORM_LAMPIRAN VALUES ('D113206', 1, 2009, 0, 0, " + std::to_string(seq) +
+              ", '000001/PPH4', 'old')");
+  list.pDeleteD113206Coll("", 1, 2009, 0, "000001/PPH4", 0);
+  EXPECT_TRUE(store.places().empty());
+}
+
 TEST_F(SlipListRows, AreDeletedFromOneCollectionAndTheSumsStay) {
   store.run("UPDATE DS_FORM_INDUK SET DAT_FORM = 'n;a;b;1;2009;0;1000;250;1000;250'");
   putSlip(list, "000001/PPH4", 0);
@@ -129,6 +164,13 @@ TEST_F(SlipListRows, OfTheOlderWayHaveALayoutOfTheirOwn) {
   EXPECT_TRUE(messages.empty());
   EXPECT_EQ(store.row("SELECT * FROM DS_FORM_LAMPIRAN"),
             "D113206|1|2009|0|0|9|77|1;2009;0;9;0131;Jakarta;PT Contoh;05/01/2009;77;1000;250;0");
+}
+
+TEST_F(SlipListRows, OfTheOlderWayHoldTheDateInItsDefaultTextForm) {
+  const Date noon = Date::fromSerial(Date::fromYmd(2009, 1, 5).serial() + 0.5);
+  list.pCreateD113206CollA("0131", "PT", "1", "2009", "0", 9, "Jl", noon, "77", "1000", "250");
+  EXPECT_EQ(store.row("SELECT DAT_FORM FROM DS_FORM_LAMPIRAN"),
+            "1;2009;0;9;0131;Jl;PT;05/01/2009 12:00:00;77;1000;250;0");
 }
 
 TEST_F(SlipListRows, OfTheOlderWayAreAddedWithoutASearch) {

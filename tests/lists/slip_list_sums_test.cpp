@@ -85,6 +85,35 @@ TEST_F(SlipListSums, LeaveOutRowsOfOtherFormsAndPeriods) {
   EXPECT_EQ(list.rs4_2FormColl2()->get_RecordCount(), 0);
 }
 
+// The walk begins at the first row, wherever the last one ended.
+TEST_F(SlipListSums, AreTheSameWhenAddedUpTwice) {
+  addRow(0, "1000", "250");
+  addRow(0, "7", "3");
+  list.pGetD113206("", 1, 2009, 0);
+  list.pJmlPPhTdFinal(1);
+  list.pJmlPPhTdFinal(1);
+  EXPECT_EQ(sums(), "1007;253;0;0");
+}
+
+// Around it stand the headers of other periods and another list.
+TEST_F(SlipListSums, AreThoseOfTheHeaderOfTheirPeriod) {
+  store.addHeader({.msPajak = 2, .thPajak = 2009, .kdPembetulanKe = 0}, "2;2;2;2");
+  store.addHeader({.msPajak = 1, .thPajak = 2010, .kdPembetulanKe = 0}, "3;3;3;3");
+  store.addHeader({.msPajak = 1, .thPajak = 2009, .kdPembetulanKe = 1}, "4;4;4;4");
+  store.addDocument({.npwp = "n", .kdForm = "D113210", .jenisDokumen = "20", .period = january}, "x");
+  list.pGetDaftarInduk("nobody", 1, 2009, 0);
+  EXPECT_EQ(list.rs4_2Form()->get_RecordCount(), 1);
+  EXPECT_EQ(sums(), "0;0;0;0");
+  list.pGetD113206("nobody", 1, 2009, 1);
+  EXPECT_EQ(list.rs4_2Form()->get_RecordCount(), 1);
+  EXPECT_EQ(sums(), "4;4;4;4");
+  list.pJmlPPhTdFinal(1);
+  list.pUpdate();
+  EXPECT_EQ(store.rows("SELECT DAT_FORM FROM DS_FORM_INDUK WHERE KD_FORM = 'D113206' AND DAT_FORM LIKE '%;0;0;4;4'"),
+            std::vector<std::string>{"013121660091000;PT Contoh Sejahtera;Jakarta;1;2009;1;0;0;4;4"});
+  EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(SlipListSums, NeedTheCollectionsToBeLoaded) {
   list.pGetDaftarInduk("", 1, 2009, 0);
   EXPECT_TRUE(messages.empty());
@@ -147,6 +176,31 @@ TEST_F(SlipListSums, AreStoredWithNothingElseOfTheRow) {
   EXPECT_EQ(store.row("SELECT * FROM DS_FORM_INDUK WHERE KD_FORM = 'D113206'"),
             "013121660091000|D113206|08|1|2009|0|-|113|013121660091000;PT Contoh Sejahtera;Jakarta;1;2009;0;7;3;0;0|"
             "31/01/2009|31/01/2009||0|0|0|0|0|0|0|0|0|0|0");
+}
+
+// The tax objects move first: a tax that is no number fails behind them.
+TEST_F(SlipListSums, MoveTheTaxObjectsBeforeTheTax) {
+  store.run("UPDATE DS_FORM_INDUK SET DAT_FORM = 'n;a;b;1;2009;0;100;dua;100;dua'");
+  list.pGetDaftarInduk("", 1, 2009, 0);
+  list.pAssignStatus(true, false, false);
+  list.pUpdDaftarPPhTdkFinal(7, 3);
+  list.pUpdDaftarPPhFinal(7, 3);
+  EXPECT_EQ(messages.texts(), std::vector<std::string>(2, "Type mismatch"));
+  EXPECT_EQ(sums(), "107;dua;107;dua");
+}
+
+// Packing comes first: a text that cannot be packed leaves the row as it was, loaded and stored.
+TEST_F(SlipListSums, AreNotStoredWhenATextOfTheHeaderHoldsTheSeparator) {
+  const auto before = store.dump();
+  list.pGetDaftarInduk("", 1, 2009, 0);
+  const std::string raw = store::fieldText(list.rs4_2Form(), "DAT_FORM");
+  store::setField(list.rs4_2Hdr(), "NmWP", "PT A;B");
+  list.pAssignStatus(true, false, false);
+  list.pUpdDaftarPPhTdkFinal(7, 3);
+  list.pUpdate();
+  EXPECT_THAT(messages.texts(), testing::ElementsAre(testing::HasSubstr("'NmWP' holds ';'")));
+  EXPECT_EQ(store::fieldText(list.rs4_2Form(), "DAT_FORM"), raw);
+  EXPECT_EQ(store.dump(), before);
 }
 
 // --- a missing header -----------------------------------------------------------------------------------
@@ -274,6 +328,19 @@ TEST(SlipListOption, IsReadFromItsPlaceInThePackedText) {
 
 TEST_F(SlipListSums, HoldNoOptionUnlessExactlyOneSlipMatches) {
   EXPECT_EQ(list.pGetOptWP("", "7", 1, "F113312", 2009, 0), 0);
+  // Slips of other periods, numbers and forms are no matches, whoever filed them.
+  struct Other {
+    store::Period period;
+    const char* form;
+    const char* number;
+  };
+  for (const Other& other :
+       {Other{{2, 2009, 0}, "F113312", "7"}, Other{{1, 2010, 0}, "F113312", "7"}, Other{{1, 2009, 1}, "F113312", "7"},
+        Other{january, "F113312", "8"}, Other{january, "F113316", "7"}})
+    store.addDocument(
+        {.npwp = "n", .kdForm = other.form, .jenisDokumen = "05", .period = other.period, .noBukti = other.number},
+        "n;a;b;1;2009;0;05/01/2009;3");
+  EXPECT_EQ(list.pGetOptWP("nobody", "7", 1, "F113312", 2009, 0), 0);
   for (int time = 0; time < 2; ++time)
     store.addDocument({.npwp = "n", .kdForm = "F113312", .jenisDokumen = "05", .period = january, .noBukti = "7"},
                       "n;a;b;1;2009;0;05/01/2009;2");
