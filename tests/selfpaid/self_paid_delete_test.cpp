@@ -1,11 +1,13 @@
 #include <array>
 
 #include "tests/selfpaid/self_paid_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -115,6 +117,28 @@ TYPED_TEST(SelfPaidDelete, LeavesListAndReturnIfTheRowCannotBeDeleted) {
   EXPECT_EQ(this->store.dump(), before);
 }
 
+// The store refuses every write behind that of the form: list row, list header, return, in this order.
+TYPED_TEST(SelfPaidDelete, DeletesFormThenListRowThenMovesListHeaderThenReturn) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  refuseWrites(this->store.path(), "DELETE", "LAMPIRAN_SSP_PPh22", "1", "no list row");
+  refuseWrites(this->store.path(), "UPDATE", "DAT_SSP_PPh22", "1", "no list header");
+  refuseWrites(this->store.path(), "UPDATE", "DS_FORM_INDUK", "1", "no return");
+  remove<TypeParam>("N1", 1);
+  EXPECT_THAT(this->messages.texts(),
+              ElementsAre(HasSubstr("no list row"), HasSubstr("no list header"), HasSubstr("no return")));
+  EXPECT_THAT(this->forms(), IsEmpty());
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1"));
+  EXPECT_EQ(this->listSums(), "1000;100");
+  EXPECT_EQ(this->line(), "1000;10;100");
+}
+
+// The old values are kept before the row is looked for under the caller's codes.
+TYPED_TEST(SelfPaidDelete, KeepsTheOldValuesBeforeItLooksForTheRow) {
+  TypeParam form;
+  this->removeUnder(form, "no'body", Kind<TypeParam>::form, Kind<TypeParam>::document, "113");
+  EXPECT_THAT(this->messages.texts(), ElementsAre(noCurrentRecord, HasSubstr("no'body")));
+}
+
 TYPED_TEST(SelfPaidDelete, HoldsNoFormAfterwardsAndTellsOfTheMove) {
   add<TypeParam>("N1", 1, 1000, 100);
   TypeParam form;
@@ -143,6 +167,17 @@ TYPED_TEST(SelfPaidDelete, RemovesEveryFormOfAPaymentAndNothingElse) {
   EXPECT_THAT(this->listed(), ElementsAre("1|N1", "2|N1", "3|N2"));
   EXPECT_EQ(this->listSums(), "1510;126");
   EXPECT_TRUE(this->line().starts_with("1510;"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// A form of the filer is asked for, but the delete does not name him.
+TYPED_TEST(SelfPaidDelete, RemovesTheFormsOfOtherFilersWithThoseOfTheFiler) {
+  TypeParam form;
+  create(form, "N1");
+  create(form, "N1", filerName, "other");
+  ASSERT_THAT(this->forms(), SizeIs(2));
+  form.pDelete("other", Kind<TypeParam>::form, Kind<TypeParam>::document, 1, 2009, 0, "N1", "113", "", "", Date());
+  EXPECT_THAT(this->forms(), IsEmpty());
   EXPECT_TRUE(this->messages.empty());
 }
 

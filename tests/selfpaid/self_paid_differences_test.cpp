@@ -170,6 +170,34 @@ TEST_F(RentForm, OfAnotherFilerUsesTheListHeaderThatIsThere) {
 
 // --- construction services -----------------------------------------------------------------------------------
 
+/// What a construction form has three of, and what it has none of.
+template <class Form>
+concept HasOneGross = requires(Form& form) {
+  form.ajmlBruto(1.0);
+};
+template <class Form>
+concept HasOneTax = requires(Form& form) {
+  form.aPPH(1.0);
+};
+template <class Form>
+concept HasLocation = requires(Form& form) {
+  form.aLokasi("x");
+};
+static_assert(!HasOneGross<CPPhJasaKonstruksi> && !HasOneTax<CPPhJasaKonstruksi> && !HasLocation<CPPhJasaKonstruksi>);
+static_assert(HasOneGross<CPPhAlihTnhBgn> && HasOneTax<CPPhAlihTnhBgn> && HasLocation<CPPhAlihTnhBgn>);
+
+TEST_F(ConstructionForm, IsFoundWhateverItsDateIs) {
+  CPPhJasaKonstruksi form;
+  create(form, "N1");
+  for (const char* date : {"31/12/1999", "", "kapan saja"}) {
+    store.run("UPDATE DAT_SSP_PPh22 SET DAT_FORM = 'f;n;a;1;2009;0;" + std::string(date) +
+              ";N1;4;10;1;0;0;0;0;1;10' WHERE NOBUKTI = 'N1'");
+    load(form, "N1", 4);
+    EXPECT_EQ(form.aTGL_POTONG(), Variant(date));
+  }
+  EXPECT_TRUE(messages.empty());
+}
+
 struct Construction {
   double gross1 = 0, tax1 = 0, gross2 = 0, tax2 = 0, gross3 = 0, tax3 = 0;
 };
@@ -328,6 +356,21 @@ TEST_F(ConstructionForm, IsStoredWithoutSumsIfNobodyNormalisedIt) {
   EXPECT_THAT(store.forms("FJasaKonstruksi"),
               ElementsAre("N1|" + std::string(packedStart) + "05/02/2009;N1;1;1000;40;2000;60;5000;250;;"));
   EXPECT_EQ(store.listSums("DJasaKonstruksi"), "8000;350");
+}
+
+// Pair after pair, tax before gross: behind a gross of the second pair that is no number, all that was read is the
+// first pair and the second tax.
+TEST_F(ConstructionForm, ReadsItsOldValuesPairByPairTaxFirst) {
+  addThreePairs();
+  store.run(
+      "UPDATE DAT_SSP_PPh22 SET DAT_FORM = 'f;n;a;1;2009;0;05/02/2009;N1;1;1000;40;dua;60;5000;250;350;8000' "
+      "WHERE NOBUKTI = 'N1'");
+  CPPhJasaKonstruksi form;
+  beginEdit(form, "N1", 1);
+  EXPECT_THAT(messages.texts(), ElementsAre(typeMismatch));
+  put(form, threePairs);
+  save(form);
+  EXPECT_EQ(store.ofReturn({"B6a23", "B6a25", "B6b23", "B6b25", "B6c23", "B6c25"}), "1000;40;4000;60;10000;500");
 }
 
 // No line is moved by the old sum of taxes. Still it is read before SEQ, and one that is no number hides it.

@@ -41,6 +41,14 @@ TYPED_TEST(SelfPaidLookup, FindsNoPaymentNumberOfAnotherKind) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+TYPED_TEST(SelfPaidLookup, FindsNoPaymentNumberOfAnotherTaxKind) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  this->store.run("UPDATE DAT_SSP_PPh22 SET KD_JENIS_PAJAK = '112' WHERE NOBUKTI = 'N1'");
+  TypeParam form;
+  EXPECT_EQ(this->countOf(form.pCheckNTTP(filerNpwp, 2009, "N1", 1, 0)), 0);
+  EXPECT_TRUE(this->messages.empty());
+}
+
 TYPED_TEST(SelfPaidLookup, GivesNoRowsForANumberThatBreaksTheQuestion) {
   TypeParam form;
   EXPECT_EQ(form.pCheckNTTP(filerNpwp, 2009, "N'1", 1, 0), nullptr);

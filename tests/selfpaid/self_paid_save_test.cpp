@@ -1,25 +1,19 @@
-#include <sqlite3.h>
+#include <array>
 
 #include "tests/selfpaid/self_paid_store.h"
+#include "tests/support/refusing_store.h"
 
 namespace tarvola::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
 template <class Form>
 class SelfPaidSave : public SelfPaidForms<Form> {};
 TYPED_TEST_SUITE(SelfPaidSave, AllForms, FormNames);
-
-/// Takes a table away behind the library's back; its statements cannot.
-void dropProfile(const std::string& path) {
-  sqlite3* handle = nullptr;
-  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(handle, "DROP TABLE PROFILE", nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
-  sqlite3_close(handle);
-}
 
 // --- the empty form ---------------------------------------------------------------------------------------
 
@@ -41,6 +35,34 @@ TYPED_TEST(SelfPaidSave, MakesNoEmptyFormBesideOneOfThatPayment) {
   TypeParam form;
   create(form, "N1", "PT A;B");
   EXPECT_EQ(this->store.dump(), before);
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// A form of another filer, form, document, period, payment or tax kind is another form.
+TYPED_TEST(SelfPaidSave, MakesAnEmptyFormUnderEveryOtherKey) {
+  const Text kind = Kind<TypeParam>::form;
+  const Text document = Kind<TypeParam>::document;
+  TypeParam form;
+  create(form, "N1");
+  const auto createUnder = [&](Text npwp, Text kdForm, Text jenis, std::int16_t month, std::int16_t year,
+                               std::int16_t correction, Text number, Text taxKind) {
+    form.pCreateHdr(npwp, kdForm, jenis, month, year, correction, number, taxKind, "n", "a", dateArgument<TypeParam>());
+  };
+  const auto createAll = [&] {
+    createUnder("other", kind, document, 1, 2009, 0, "N1", "113");
+    createUnder(filerNpwp, "FOther", document, 1, 2009, 0, "N1", "113");
+    createUnder(filerNpwp, kind, "99", 1, 2009, 0, "N1", "113");
+    createUnder(filerNpwp, kind, document, 2, 2009, 0, "N1", "113");
+    createUnder(filerNpwp, kind, document, 1, 2010, 0, "N1", "113");
+    createUnder(filerNpwp, kind, document, 1, 2009, 1, "N1", "113");
+    createUnder(filerNpwp, kind, document, 1, 2009, 0, "N2", "113");
+    createUnder(filerNpwp, kind, document, 1, 2009, 0, "N1", "112");
+  };
+  createAll();
+  const auto all = this->store.dump();
+  EXPECT_THAT(this->store.rows("SELECT * FROM DAT_SSP_PPh22 WHERE NOBUKTI <> '-'"), SizeIs(9));
+  createAll();
+  EXPECT_EQ(this->store.dump(), all);
   EXPECT_TRUE(this->messages.empty());
 }
 
@@ -155,7 +177,7 @@ TYPED_TEST(SelfPaidSave, AddsARowWithoutAFilerIfTheProfileNamesNone) {
 
 TYPED_TEST(SelfPaidSave, AddsNothingIfTheProfileCannotBeRead) {
   add<TypeParam>("N1", 1, 1000, 100);
-  dropProfile(this->store.path());
+  dropTable(this->store.path(), "PROFILE");
   addBeside<TypeParam>("N1", 1, 2, 500, 25);
   EXPECT_THAT(this->forms(), SizeIs(1));
   EXPECT_EQ(this->listSums(), "1000;100");
@@ -190,6 +212,21 @@ TYPED_TEST(SelfPaidSave, MovesTheSumsByTheDifferenceOfAnEdit) {
   EXPECT_EQ(this->listSums(), "3400;320");
   EXPECT_EQ(this->line(), "3400;9,41;320");
   EXPECT_THAT(this->listed(), ElementsAre("1|N1", "2|N2"));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+TYPED_TEST(SelfPaidSave, EditsOneFormAmongThoseOfItsPayment) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  addBeside<TypeParam>("N1", 1, 2, 500, 25);
+  TypeParam form;
+  beginEdit(form, "N1", 2);
+  put(form, 700, 95);
+  save(form);
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100"),
+                                         "N1|" + packed<TypeParam>("N1", "2", "700", "95")));
+  EXPECT_THAT(this->listed(), ElementsAre("1|N1", "2|N1"));
+  EXPECT_EQ(this->listSums(), "1700;195");
+  EXPECT_EQ(this->line(), "1700;11,47;195");
   EXPECT_TRUE(this->messages.empty());
 }
 
@@ -257,6 +294,75 @@ TYPED_TEST(SelfPaidSave, HoldsNoFormAfterwards) {
   EXPECT_EQ(this->store.dump(), before);
 }
 
+// --- periods ----------------------------------------------------------------------------------------------
+
+template <class Form>
+void saveIn(const store::Period& period, double gross, bool isNew) {
+  const auto& [month, year, correction] = period;
+  Form form;
+  if (isNew)
+    form.pCreateHdr(filerNpwp, Kind<Form>::form, Kind<Form>::document, month, year, correction, "N1", "113", filerName,
+                    filerAddress, dateArgument<Form>());
+  form.pGet(filerNpwp, Kind<Form>::form, Kind<Form>::document, month, year, correction, "N1", "113", filerName,
+            filerAddress, paidOn, isNew ? 0 : 1);
+  form.pAssignOldValues();
+  form.pAssignStatus(isNew, !isNew, false);
+  form.aSEQ(1);
+  put(form, gross, gross / 10);
+  save(form);
+}
+
+// The same payment and SEQ in four periods: each has its form, its list and its return.
+TYPED_TEST(SelfPaidSave, MovesListAndReturnOfItsOwnMonthYearAndCorrection) {
+  constexpr std::array<store::Period, 4> periods = {
+      {january, {.msPajak = 2, .thPajak = 2009}, {.msPajak = 1, .thPajak = 2010}, {1, 2009, 1}}};
+  for (std::size_t index = 1; index < periods.size(); ++index) this->store.createReturn(periods[index]);
+  std::array<double, periods.size()> gross = {1000, 2000, 3000, 4000};
+  const auto check = [&] {
+    for (std::size_t index = 0; index < periods.size(); ++index) {
+      const std::string sums = CStr(gross[index]) + ";" + CStr(gross[index] / 10);
+      const std::string rate = gross[index] == 0 ? std::string(Kind<TypeParam>::defaultRate) : "10";
+      EXPECT_EQ(this->store.ofReturn(Kind<TypeParam>::line(), periods[index]),
+                CStr(gross[index]) + ";" + rate + ";" + CStr(gross[index] / 10));
+      const std::string where =
+          " WHERE KD_FORM = '" + std::string(Kind<TypeParam>::list) + "' AND " + periodCondition(periods[index]).str();
+      EXPECT_TRUE(this->store.row("SELECT DAT_FORM FROM DAT_SSP_PPh22" + where).ends_with(";" + sums));
+      EXPECT_THAT(this->store.rows("SELECT SEQ FROM LAMPIRAN_SSP_PPh22" + where), SizeIs(gross[index] == 0 ? 0 : 1));
+    }
+  };
+  for (std::size_t index = 0; index < periods.size(); ++index) saveIn<TypeParam>(periods[index], gross[index], true);
+  check();
+  for (std::size_t index = 0; index < periods.size(); ++index)
+    saveIn<TypeParam>(periods[index], gross[index] += 10, false);
+  check();
+  for (const std::size_t index : {3U, 0U}) {
+    const auto& [month, year, correction] = periods[index];
+    TypeParam form;
+    form.pDeleteForm(filerNpwp, Kind<TypeParam>::form, Kind<TypeParam>::document, month, year, correction, "N1", "113",
+                     1);
+    gross[index] = 0;
+    check();
+  }
+  EXPECT_THAT(this->forms(), SizeIs(2));
+  EXPECT_TRUE(this->messages.empty());
+}
+
+// The period of the return is the one that a save has kept. Before the first there is none.
+TYPED_TEST(SelfPaidSave, MovesNoReturnBeforeItHasKeptAPeriod) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.pHitPjk(1);
+  const auto before = this->store.dump();
+  form.pUpdF113204();
+  EXPECT_THAT(this->messages.texts(), testing::Contains(noCurrentRecord));
+  EXPECT_EQ(this->store.dump(), before);
+  this->messages.clear();
+  form.pUpdate();
+  EXPECT_EQ(this->line(), "1000;10;100");
+  EXPECT_TRUE(this->messages.empty());
+}
+
 // --- the flags ------------------------------------------------------------------------------------------
 
 struct FlagCase {
@@ -320,7 +426,7 @@ TYPED_TEST(SelfPaidSave, WritesNothingIfTheFormCannotBePacked) {
   form.aALM("Jl. A;B");
   put(form, 2000, 200);
   form.pUpdate();
-  EXPECT_THAT(this->messages.texts(), ElementsAre(testing::HasSubstr("'ALM' holds ';'")));
+  EXPECT_THAT(this->messages.texts(), ElementsAre(HasSubstr("'ALM' holds ';'")));
   EXPECT_EQ(form.rs4_2Form(), nullptr);
   EXPECT_EQ(this->store.dump(), before);
   // The form is still there and can be saved.
@@ -337,7 +443,73 @@ TYPED_TEST(SelfPaidSave, TellsOfTheOldNumberBeforeTheOtherTexts) {
   form.pAssignOldValues();
   form.aALM("Jl. A;B");
   form.pUpdate();
-  EXPECT_THAT(this->messages.texts(), ElementsAre(testing::HasSubstr("N'1")));
+  EXPECT_THAT(this->messages.texts(), ElementsAre(HasSubstr("N'1")));
+}
+
+// The store refuses every write behind that of the form: list row, list header, return, in this order.
+TYPED_TEST(SelfPaidSave, WritesListRowThenListHeaderThenReturn) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.pHitPjk(1);
+  refuseWrites(this->store.path(), "INSERT", "LAMPIRAN_SSP_PPh22", "1", "no list row");
+  refuseWrites(this->store.path(), "UPDATE", "DAT_SSP_PPh22", "OLD.NOBUKTI = '-'", "no list header");
+  refuseWrites(this->store.path(), "UPDATE", "DS_FORM_INDUK", "1", "no return");
+  form.pUpdate();
+  EXPECT_THAT(this->messages.texts(),
+              ElementsAre(HasSubstr("no list row"), HasSubstr("no list header"), HasSubstr("no return")));
+  EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100")));
+  EXPECT_EQ(this->listSums(), "0;0");
+  EXPECT_EQ(this->line(), "0;0;0");
+}
+
+TYPED_TEST(SelfPaidSave, MakesAMissingListHeaderBeforeTheListRow) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.pHitPjk(1);
+  this->store.run("DELETE * FROM DAT_SSP_PPh22 WHERE NOBUKTI = '-'");
+  refuseWrites(this->store.path(), "INSERT", "LAMPIRAN_SSP_PPh22", "1", "no list row");
+  refuseWrites(this->store.path(), "INSERT", "DAT_SSP_PPh22", "NEW.NOBUKTI = '-'", "no list header");
+  form.pUpdate();
+  // Without a header there is nothing to move and nothing to save.
+  EXPECT_THAT(this->messages.texts(),
+              ElementsAre(HasSubstr("no list header"), HasSubstr("no list row"), noCurrentRecord, noCurrentRecord));
+  EXPECT_EQ(this->line(), "1000;10;100");
+}
+
+// The form is written before list and return are touched: if it cannot be, both stay.
+TYPED_TEST(SelfPaidSave, TouchesNeitherListNorReturnIfTheFormCannotBeWritten) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.pHitPjk(1);
+  const auto before = this->store.dump();
+  refuseWrites(this->store.path(), "UPDATE", "DAT_SSP_PPh22", "OLD.NOBUKTI = 'N1'");
+  form.pUpdate();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(HasSubstr("refused")));
+  EXPECT_EQ(this->store.dump(), before);
+}
+
+// The list row takes payment, date, amounts in this order; the first that cannot be read ends it.
+TYPED_TEST(SelfPaidSave, ReadsPaymentThenDateThenAmountsForItsListRow) {
+  TypeParam form;
+  begin(form, "N1", 1);
+  put(form, 1000, 100);
+  form.aSEQ(1);
+  form.aTGL_POTONG("tidak tahu");
+  form.aNTTP(Variant::null());
+  form.pUpdD113203();
+  form.aNTTP("N1");
+  this->store.run("UPDATE DAT_SSP_PPh22 SET DAT_FORM = '" + packed<TypeParam>("N1", "0", "", "") +
+                  "' WHERE NOBUKTI = 'N1'");
+  load(form, "N1", 0);
+  form.aTGL_POTONG("tidak tahu");
+  form.pUpdD113203();
+  form.aTGL_POTONG("05/02/2009");
+  form.pUpdD113203();
+  EXPECT_THAT(this->messages.texts(), ElementsAre(invalidUseOfNull, typeMismatch, invalidUseOfNull));
+  EXPECT_THAT(this->listed(), IsEmpty());
 }
 
 // The list fails over a date that cannot be read, but has made its header by then. The form stays, the return moves.

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "tarvola/mainreturn/CF113204.h"
@@ -45,10 +46,10 @@ class SelfPaidStore : public OpenStore {
     mainReturn.pCreateF113204Hdr(filerNpwp, "F113204", "01", period.msPajak, period.thPajak, period.kdPembetulanKe, "-",
                                  "113", filerName, filerAddress, "07/02/2009");
   }
-  /// Fields of the stored return, with ";" between them.
-  [[nodiscard]] std::string ofReturn(const std::vector<Text>& fields) const {
+  /// Fields of a stored return, that of January if no other is named, with ";" between them.
+  [[nodiscard]] std::string ofReturn(const std::vector<Text>& fields, const store::Period& period = january) const {
     CF113204 mainReturn;
-    mainReturn.pGetF113204("", "", "01", 1, 2009, 0, "", "113");
+    mainReturn.pGetF113204("", "", "01", period.msPajak, period.thPajak, period.kdPembetulanKe, "", "113");
     std::string text;
     for (const Text field : fields)
       text += (text.empty() ? "" : ";") + store::fieldTextOr(mainReturn.rs4_2Form(), field, "-null-");
@@ -130,6 +131,16 @@ template <class Form>
 void load(Form& form, Text number, double seq) {
   form.pGet(filerNpwp, Kind<Form>::form, Kind<Form>::document, 1, 2009, 0, number, "113", filerName, filerAddress,
             paidOn, seq);
+}
+
+/// The date of payment as pCreateHdr of the form takes it.
+template <class Form>
+auto dateArgument() {
+  if constexpr (std::is_same_v<Form, CPPhJasaKonstruksi>) {
+    return Text("05/02/2009");
+  } else {
+    return paidOn;
+  }
 }
 
 /// Writes the first pair of amounts, rupiah.
