@@ -287,6 +287,24 @@ TEST_F(Recount, ReadsTheDocumentsOfFilerPeriodCorrectionCodeAndTaxKind) {
   EXPECT_THAT(messages_.texts(), IsEmpty());
 }
 
+// The same of a form that lies in the table of self-paid forms. It is no slip.
+TEST_F(Recount, ReadsSelfPaidFormsOfFilerPeriodCorrectionCodeAndTaxKind) {
+  for (const char* assignment : {"NPWP = '999'", "JENIS_DOKUMEN = '99'", "KD_JENIS_PAJAK = '114'", "MS_PAJAK = 4",
+                                 "TH_PAJAK = 2010", "KD_PEMBETULAN_KE = 1", "KD_FORM = 'FOther'"}) {
+    addDocument({.form = "FSewaTnhBgn", .number = "1", .fields = {{"JMLBRUTO", "7"}, {"PPH", "1"}}});
+    run("UPDATE DAT_SSP_PPh22 SET NOBUKTI = '2'," + std::string(assignment) + " WHERE NOBUKTI = '1'");
+  }
+  addDocument({.form = "FSewaTnhBgn", .number = "3", .fields = {{"JMLBRUTO", "1000"}, {"PPH", "100"}}});
+  addDocument({.form = "FSewaTnhBgn", .number = "4", .fields = {{"JMLBRUTO", "500"}, {"PPH", "50"}}});
+  CF113204 mainReturn;
+  recount(mainReturn);
+  EXPECT_EQ(number(mainReturn, "B5b3"), 1500);
+  EXPECT_EQ(number(mainReturn, "B5b5"), 150);
+  EXPECT_EQ(mainReturn.aC3(), 0);
+  EXPECT_EQ(mainReturn.aCHKC2(), 0);
+  EXPECT_THAT(messages_.texts(), IsEmpty());
+}
+
 // --- rates ----------------------------------------------------------------------------------------------------------
 
 TEST_F(Recount, GivesSelfPaidLinesTheirExactQuotient) {
@@ -329,8 +347,7 @@ TEST_F(Recount, GoesOnWithZeroWhereAnAverageFails) {
   EXPECT_EQ(mainReturn.aC3(), 2);
 }
 
-// --- sums that the object keeps
-// ---------------------------------------------------------------------------------------
+// --- sums that the object keeps -----------------------------------------------------------------------------------
 
 TEST_F(Recount, TwiceOnTheSameObjectDoublesSbiAndGiroAndNothingElse) {
   addInterest({{"OPTDN1", "1"},
@@ -355,6 +372,34 @@ TEST_F(Recount, TwiceOnTheSameObjectDoublesSbiAndGiroAndNothingElse) {
   EXPECT_EQ(number(mainReturn, "B11a3"), 180);
   EXPECT_EQ(number(mainReturn, "B11a5"), 18);
   EXPECT_EQ(mainReturn.aC3(), 1);
+}
+
+// Line 11a has its text by then, so that its three amounts stand.
+TEST_F(Recount, TwiceWithoutALoadLeavesOtherInterestAsItStands) {
+  addInterest({{"B43", "2000"}, {"B53", "3000"}, {"B63", "90"}, {"B65", "9"}});
+  CF113204 mainReturn;
+  recount(mainReturn);
+  mainReturn.pUpdF113204(3, 2009, 0);
+  EXPECT_EQ(number(mainReturn, "B1B3"), 4000);
+  EXPECT_EQ(number(mainReturn, "B1C3"), 6000);
+  EXPECT_EQ(value(mainReturn, "B11a"), Variant("Lain-Lain"));
+  EXPECT_EQ(number(mainReturn, "B11a3"), 90);
+  EXPECT_EQ(number(mainReturn, "B11a5"), 9);
+}
+
+// The members hold what the last recount left even if the slips are gone by now.
+TEST_F(Recount, OnTheSameObjectShowsSbiAndGiroOfSlipsThatHaveGone) {
+  addInterest({{"OPTDN1", "1"}, {"B1A3", "1000"}, {"B43", "2000"}, {"B45", "400"}, {"B53", "3000"}, {"B55", "600"}});
+  CF113204 mainReturn;
+  recount(mainReturn);
+  run("DELETE * FROM DS_FORM_INDUK WHERE KD_FORM = 'F113310'");
+  recount(mainReturn);
+  EXPECT_EQ(number(mainReturn, "B1a13"), 0);
+  EXPECT_EQ(number(mainReturn, "B1B3"), 2000);
+  EXPECT_EQ(number(mainReturn, "B1B5"), 400);
+  EXPECT_EQ(number(mainReturn, "B1C3"), 3000);
+  EXPECT_EQ(number(mainReturn, "B1C5"), 600);
+  EXPECT_EQ(mainReturn.aC3(), 0);
 }
 
 TEST_F(Recount, OnAFreshObjectGivesTheSameFiguresAgain) {
@@ -383,8 +428,7 @@ TEST_F(Recount, ThatFailedHasAddedItsInterestAllTheSame) {
   EXPECT_EQ(number(mainReturn, "B1B5"), 800);
 }
 
-// --- interest
-// ---------------------------------------------------------------------------------------------------------
+// --- interest -------------------------------------------------------------------------------------------------------
 
 TEST_F(Recount, CountsAnInterestItemByEachOfItsOptions) {
   struct Row {
@@ -496,8 +540,7 @@ TEST_F(OtherInterest, GivesTheLineItsTextEvenIfThereIsNone) {
   EXPECT_EQ(number(mainReturn, "B11a4"), 7) << "a line without gross keeps its rate";
 }
 
-// --- construction services
-// ---------------------------------------------------------------------------------------------
+// --- construction services ------------------------------------------------------------------------------------------
 
 TEST_F(Recount, DoesNotLookAtAConstructionRowWithoutAnOption) {
   addDocument({.form = "F113316",
