@@ -1,4 +1,4 @@
-// Random sequences of adds, edits and deletes of all three kinds in one return, against plain sums.
+// Random sequences of adds, edits, new numbers and deletes of all three kinds in one return, against plain sums.
 //
 // Amounts are whole and not negative and payment numbers begin with a letter: a fraction is lost in the return at every
 // save, a sum of the list stops at 0, and a number of digits may be taken for another form's. Each of these has a test
@@ -87,7 +87,8 @@ class WalkerOf final : public Walker {
     const int choice = upTo(random, 9);
     if (held_.empty() || choice < 3) return addForm(random);
     if (choice < 5) return addFormBeside(random);
-    if (choice < 8) return editForm(random);
+    if (choice < 7) return editForm(random);
+    if (choice < 8) return renumberForm(random);
     deleteForm(random);
   }
 
@@ -125,10 +126,11 @@ class WalkerOf final : public Walker {
     return pairs;
   }
   Held& someForm(Random& random) { return held_[upTo<std::size_t>(random, held_.size() - 1)]; }
-  /// One more than the greatest SEQ that is held; the library must say the same.
+  /// One more than the greatest SEQ that the list holds; the library must say the same.
   int nextSeq(Form& form) const {
     int greatest = 0;
     for (const Held& one : held_) greatest = std::max(greatest, one.seq);
+    for (const Held& one : leftBehind_) greatest = std::max(greatest, one.seq);
     EXPECT_EQ(form.pGetMaxSeqNo(1, 2009, 0, 0), greatest + 1);
     return greatest + 1;
   }
@@ -162,6 +164,17 @@ class WalkerOf final : public Walker {
     save(form);
   }
 
+  /// A form that gets another payment number leaves its old list row behind, which no sum counts.
+  void renumberForm(Random& random) {
+    Held& held = someForm(random);
+    leftBehind_.push_back(held);
+    Form form;
+    beginEdit(form, held.number, held.seq);
+    held.number = "N" + std::to_string(++lastNumber_);
+    form.aNTTP(held.number);
+    save(form);
+  }
+
   void deleteForm(Random& random) {
     const std::size_t index = upTo<std::size_t>(random, held_.size() - 1);
     remove<Form>(held_[index].number, held_[index].seq);
@@ -177,7 +190,9 @@ class WalkerOf final : public Walker {
   /// "SEQ|NOBUKTI|gross;tax" of each list row that should be there.
   std::vector<std::string> listTexts() const {
     std::vector<std::string> texts;
-    for (const Held& form : held_) {
+    std::vector<Held> listed = held_;
+    listed.insert(listed.end(), leftBehind_.begin(), leftBehind_.end());
+    for (const Held& form : listed) {
       Pair sum;
       for (const Pair& pair : form.pairs) sum = {sum.gross + pair.gross, sum.tax + pair.tax};
       texts.push_back(std::to_string(form.seq) + "|" + form.number + "|" + std::to_string(sum.gross) + ";" +
@@ -213,6 +228,7 @@ class WalkerOf final : public Walker {
   }
 
   std::vector<Held> held_;
+  std::vector<Held> leftBehind_;
   int lastNumber_ = 0;
 };
 
