@@ -5,6 +5,7 @@
 #include "tarvola/lists/CDPPhSewaTanahBangunan.h"
 #include "tarvola/runtime/clock.h"
 #include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/regional_settings.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tests/lists/open_store.h"
 #include "tests/support/refusing_store.h"
@@ -453,6 +454,15 @@ TYPED_TEST(SelfPaidLists, AddAHeaderThatHasGoneSinceTheLoad) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+TYPED_TEST(SelfPaidLists, AddAHeaderWithTodayAsDayMonthYearUnderAnySettings) {
+  const RegionalSettingsScope scope(RegionalSettings::unitedStates());
+  this->createHeader();
+  this->list.pGetD113203Induk("", 1, "2009", "0");
+  this->store.run("DELETE * FROM DAT_SSP_PPh22");
+  this->list.pUpdate();
+  EXPECT_EQ(this->store.row("SELECT TGL_REKAM, TGL_UBAH FROM DAT_SSP_PPh22"), "07/02/2009|07/02/2009");
+}
+
 TYPED_TEST(SelfPaidLists, AddAHeaderWithoutAFilerWhenTheProfileIsEmpty) {
   this->createHeader();
   this->list.pGetD113203Induk("", 1, "2009", "0");
@@ -474,8 +484,8 @@ TYPED_TEST(SelfPaidLists, AddNoHeaderIfTheProfileCannotBeRead) {
   EXPECT_TRUE(this->store.rows("SELECT * FROM DAT_SSP_PPh22").empty());
 }
 
-// The header is packed before its row is looked for, so that one that cannot be packed opens nothing.
-TYPED_TEST(SelfPaidLists, PackTheirHeaderBeforeTheyOpenItsRow) {
+// The period to save under is read from the loaded header. Without one no row is looked for.
+TYPED_TEST(SelfPaidLists, OpenNoRowForAHeaderThatWasNotFound) {
   this->list.pGetD113203Induk("", 1, "2009", "0");
   this->list.pUpdate();
   EXPECT_EQ(this->messages.texts().size(), 1U);
@@ -562,6 +572,21 @@ TEST_F(SelfPaidListDifferences, ConstructionWritesTheDateInItsDefaultTextForm) {
             (std::vector<std::string>{"1;2009;1;1000;100;1234567890123456;" + CStr(payment.paidOn) + ";lunas",
                                       "1;2009;1;1000;100;1234567890123456;05/02/2009;lunas"}));
   EXPECT_NE(CStr(payment.paidOn), "05/02/2009");
+}
+
+// Under settings that put the month first, the default text form follows them and the fixed one does not.
+TEST_F(SelfPaidListDifferences, RentAndTransferWriteTheDayFirstUnderAnySettings) {
+  const RegionalSettingsScope scope(RegionalSettings::unitedStates());
+  CDPPhSewaTanahBangunan rent;
+  CDPPhAlihTnhBgn transfer;
+  CDPPhJasaKonstruksi construction;
+  put(rent, {});
+  put(transfer, {});
+  put(construction, {});
+  EXPECT_EQ(store.rows("SELECT DAT_FORM FROM LAMPIRAN_SSP_PPh22 ORDER BY KD_FORM"),
+            (std::vector<std::string>{"1;2009;1;1000;100;1234567890123456;05/02/2009;lunas",
+                                      "1;2009;1;1000;100;1234567890123456;02/05/2009;lunas",
+                                      "1;2009;1;1000;100;Jl. Braga;1234567890123456;05/02/2009;lunas"}));
 }
 
 TEST_F(SelfPaidListDifferences, TransferDoesNotReadTheLocation) {

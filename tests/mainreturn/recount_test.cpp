@@ -1,3 +1,6 @@
+#include <array>
+#include <cstdint>
+
 #include "tarvola/mainreturn/return_lines.h"
 #include "tests/mainreturn/return_fixture.h"
 
@@ -260,6 +263,16 @@ TEST_F(Recount, OfAReturnWithoutSlipsClearsAmountsAndMarkButKeepsRates) {
   EXPECT_EQ(number(mainReturn, "B8A31"), 8);
   EXPECT_EQ(number(mainReturn, "JmlB5"), 77);
   EXPECT_THAT(messages_.texts(), IsEmpty());
+}
+
+TEST_F(Recount, OfAReturnWithoutSlipsLeavesTheMarkOfTheListAsAPersonSetIt) {
+  for (const std::int16_t mark : std::array<std::int16_t, 2>{0, 1}) {
+    CF113204 mainReturn;
+    load(mainReturn);
+    mainReturn.aCHKC3(mark);
+    mainReturn.pUpdF113204(3, 2009, 0);
+    EXPECT_EQ(mainReturn.aCHKC3(), mark);
+  }
 }
 
 // --- which documents count ----------------------------------------------------------------------------------------

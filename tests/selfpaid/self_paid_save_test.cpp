@@ -164,6 +164,18 @@ TYPED_TEST(SelfPaidSave, AddsARowUnderTheFilerOfTheProfileWithTodaysDate) {
   EXPECT_TRUE(this->messages.empty());
 }
 
+// The short date of these settings would be 02/07/2009.
+TYPED_TEST(SelfPaidSave, AddsARowWithTodayAsDayMonthYearUnderAnySettings) {
+  const RegionalSettingsScope scope(RegionalSettings::unitedStates());
+  TypeParam form;
+  begin(form, "N1", 1);
+  form.aNTTP("N2");
+  form.pAssignOldValues();
+  save(form);
+  EXPECT_EQ(this->store.row("SELECT TGL_REKAM, TGL_UBAH FROM DAT_SSP_PPh22 WHERE NOBUKTI = 'N2'"),
+            "07/02/2009|07/02/2009");
+}
+
 TYPED_TEST(SelfPaidSave, AddsARowWithoutAFilerIfTheProfileNamesNone) {
   add<TypeParam>("N1", 1, 1000, 100);
   this->store.run("UPDATE PROFILE SET NPWP = NULL");
@@ -250,6 +262,22 @@ TYPED_TEST(SelfPaidSave, AddsARowIfTheOldValuesAreThoseOfAnotherForm) {
   save(form);
   EXPECT_THAT(this->forms(), ElementsAre("N1|" + packed<TypeParam>("N1", "1", "1000", "100"),
                                          "N2|" + packed<TypeParam>("N2", "1", "1000", "100")));
+}
+
+// A form is not written under no payment number or for no filer: Null enters no statement.
+TYPED_TEST(SelfPaidSave, WritesNoFormWhosePaymentOrFilerIsNull) {
+  add<TypeParam>("N1", 1, 1000, 100);
+  const auto before = this->store.dump();
+  TypeParam form;
+  beginEdit(form, "N1", 1);
+  put(form, 2000, 200);
+  form.aNTTP(Variant::null());
+  save(form);
+  form.aNTTP("N1");
+  form.aNPWP(Variant::null());
+  save(form);
+  EXPECT_THAT(this->messages.texts(), ElementsAre(invalidUseOfNull, invalidUseOfNull));
+  EXPECT_EQ(this->store.dump(), before);
 }
 
 // The stored row is looked for without the filer and written with him. So the form stays as it was, while list and
