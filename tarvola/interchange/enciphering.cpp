@@ -92,7 +92,7 @@ class EncipheredLines {
 
 /// Bytes of the code page that are worked on at a time: whole blocks as UTF-16, and little enough to stay in the
 /// processor's cache on their way.
-constexpr std::size_t pieceBytes = 16 * 1024;
+constexpr std::size_t pieceBytes = std::size_t{16} * 1024;
 static_assert(pieceBytes % (blockBytes / 2) == 0);
 
 }  // namespace
