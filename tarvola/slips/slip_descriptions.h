@@ -30,13 +30,13 @@ inline constexpr std::array prizeLines = {
 inline constexpr std::array<std::string_view, 8> interestTariffs = {"B1A4", "B1B4", "B1C4", "B24",
                                                                     "B34",  "B44",  "B54",  "B64"};
 inline constexpr std::array interestDefaults = {DefaultTariff{.item = "WP DN", .fields = interestTariffs}};
-/// Domestic, foreign, SBI, giro; the last pair holds other interest alone. The class fills them, since the options of
-/// the rows pick the first two.
-inline constexpr std::array interestTotals = {TotalColumns{.gross = "Total_Bruto1", .tax = "Total_PPh1"},
-                                              TotalColumns{.gross = "Total_Bruto2", .tax = "Total_PPh2"},
-                                              TotalColumns{.gross = "Total_Bruto3", .tax = "Total_PPh3"},
-                                              TotalColumns{.gross = "Total_Bruto4", .tax = "Total_PPh4"},
-                                              TotalColumns{.gross = "Total_Bruto", .tax = "Total_PPh"}};
+/// Domestic and foreign, which the options of the rows fill; SBI, giro; the last pair holds other interest alone.
+inline constexpr std::array interestTotals = {
+    TotalColumns{.gross = "Total_Bruto1", .tax = "Total_PPh1"},
+    TotalColumns{.gross = "Total_Bruto2", .tax = "Total_PPh2"},
+    TotalColumns{.gross = "Total_Bruto3", .tax = "Total_PPh3", .rows = {5, 1}},
+    TotalColumns{.gross = "Total_Bruto4", .tax = "Total_PPh4", .rows = {6, 1}},
+    TotalColumns{.gross = "Total_Bruto", .tax = "Total_PPh", .rows = {7, 1}}};
 inline constexpr std::array interestLines = {
     ReturnLine{.gross = "B1a13", .tariff = "B1a14", .tax = "B1a15", .defaultItem = "WP DN", .averageChoice = "DN"},
     ReturnLine{.gross = "B1a23", .tariff = "B1a24", .tax = "B1a25", .defaultItem = "WP DN", .averageChoice = "LN"},
