@@ -54,6 +54,16 @@ std::string withoutOrigin(std::string_view text) {
   return std::string(Trim(text));
 }
 
+namespace {
+
+std::string joined(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const std::string& text : texts) all += (all.empty() ? "" : "\n") + text;
+  return all;
+}
+
+}  // namespace
+
 ProgressLine::ProgressLine() {
   if (isatty(STDERR_FILENO) == 0) return;
   setProgressHandler([drawing = Drawing()](std::string_view task, std::uint64_t done, std::uint64_t total) mutable {
@@ -69,14 +79,17 @@ ProgressLine::~ProgressLine() {
 
 Messages::Messages()
     : scope_([this](const MessageBox& message) {
-        (message.icon == MessageIcon::Information ? notices_ : failures_).push_back(withoutOrigin(message.text));
+        const bool isNotice = message.icon == MessageIcon::Information;
+        (isNotice ? notices_ : failures_).push_back(withoutOrigin(message.text));
+        if (isNotice) noticeTitle_ = message.title;
       }) {}
 
 void Messages::throwIfAny() const {
-  if (failures_.empty()) return;
-  std::string all;
-  for (const std::string& text : failures_) all += (all.empty() ? "" : "\n") + text;
-  throw CommandFailure(all);
+  if (!failures_.empty()) throw CommandFailure(joined(failures_));
+}
+
+void Messages::throwIfNotified() const {
+  if (!notices_.empty()) throw CommandFailure(noticeTitle_ + "\n" + joined(notices_));
 }
 
 }  // namespace tarvola::cli
