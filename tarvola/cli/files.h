@@ -30,6 +30,8 @@ class FinishedFile {
   std::string partPath_;
 };
 
+/// What to do about a folder that does not exist.
+inline constexpr const char* missingFolderRemedy = "Make the folder, or name another place.";
 /// Fails unless the folder of a file that is to be written exists.
 void requireFolder(const std::string& path);
 

@@ -243,9 +243,8 @@ int importFile(const ImportOptions& options, const Context& context) {
   else
     printAccount(result, "payments of " + period.text(), rejects, context);
   if (result.unnumberedStored > 0)
-    context.err
-        << "Note: of the stored payments " << grouped(result.unnumberedStored)
-        << " have no number (sixteen zeros). Such payments are known by all that they say: check their count.\n";
+    context.err << "Note: stored payments without a number (sixteen zeros): " << grouped(result.unnumberedStored)
+                << ". They are known by all that they say, so check their count.\n";
   if (result.read > result.refused) countIntoReturn(period, context);
   return exitCodeOf(result);
 }
@@ -269,7 +268,7 @@ void writeRecords(const ExportOptions& options, const Period& period, const std:
   const Messages messages;
   (CEksporSSPPBK().*write)(npwp, store::taxArticle, period.month, period.year, path, period.correction);
   messages.throwIfAny();
-  messages.throwIfNotified();
+  messages.throwIfNotified(missingFolderRemedy);
 }
 
 struct ExportedCounts {

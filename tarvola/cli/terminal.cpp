@@ -88,8 +88,8 @@ void Messages::throwIfAny() const {
   if (!failures_.empty()) throw CommandFailure(joined(failures_));
 }
 
-void Messages::throwIfNotified() const {
-  if (!notices_.empty()) throw CommandFailure(noticeTitle_ + "\n" + joined(notices_));
+void Messages::throwIfNotified(const std::string& remedy) const {
+  if (!notices_.empty()) throw CommandFailure(noticeTitle_ + "\n" + joined(notices_) + "\n" + remedy);
 }
 
 }  // namespace tarvola::cli

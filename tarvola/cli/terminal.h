@@ -28,9 +28,9 @@ class Messages {
 
   /// Fails the command with the messages of failures that have come so far, if any.
   void throwIfAny() const;
-  /// Fails the command with the informative messages (title "INFORMASI") that have come so far, if any: for work that
-  /// tells of its failures alone.
-  void throwIfNotified() const;
+  /// Fails the command with the informative messages (title "INFORMASI") that have come so far, if any, and with what
+  /// to do about them: for work that tells of its failures alone.
+  void throwIfNotified(const std::string& remedy) const;
   [[nodiscard]] const std::vector<std::string>& failures() const noexcept { return failures_; }
 
  private:
