@@ -35,9 +35,6 @@ bool isPathNotFound() noexcept {
   }
 }
 
-/// The bytes that a report can hold, as its length is written: 20 digits.
-constexpr std::string_view paddedLimit = "00000000000327680000";
-
 std::string lineText(std::size_t lineNumber, std::string_view kdForm) {
   return "line " + std::to_string(lineNumber) + " (" + std::string(kdForm) + "): ";
 }
@@ -96,11 +93,13 @@ std::string damagedContentText(std::string_view what) {
 }
 
 std::string otherLengthText(std::string_view statedBytes, std::size_t foundBytes) {
-  std::string text = "the file says that it holds " + std::string(statedBytes) + " bytes of lines, and holds " +
-                     std::to_string(foundBytes);
-  if (statedBytes > paddedLimit)
-    text += "; a report takes no more than 327.680.000 bytes of lines, and loses all but its last part beyond";
-  return text;
+  return "the file says that it holds " + std::string(statedBytes) + " bytes of lines, and holds " +
+         std::to_string(foundBytes);
+}
+
+std::string beyondBlockText(std::uint64_t statedBytes) {
+  return "it is of " + Format(static_cast<double>(statedBytes), "#,##0") +
+         " bytes of lines; a report takes no more than 327.680.000, and of more than that holds the last part alone";
 }
 
 std::string unreadableSumText(std::size_t lineNumber, std::string_view kdForm) {

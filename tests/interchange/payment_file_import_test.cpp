@@ -198,7 +198,7 @@ TEST_F(PaymentFile, WithALineThatNobodyCanHoldWritesNothingOfTheLinesBeforeIt) {
 }
 
 TEST_F(PaymentFile, RefusesALineThatIsLongerThanAnyRecord) {
-  const PaymentFileImportResult result = importLines({std::string(payment) + std::string(70'000, ' '), payment});
+  const PaymentFileImportResult result = importLines({payment, std::string(payment) + std::string(70'000, ' ')});
   EXPECT_EQ(account(result), "2 = 1 + 0 + 1");
   EXPECT_EQ(result.firstRefused.front().reason, "the line has 70060 bytes; a line of this file has at most 65535");
 }
