@@ -82,7 +82,7 @@ void requireFolder(const std::string& path) {
     throw CommandFailure("There is no folder " + folder.string() + ".\nMake it, or name another place.");
 }
 
-FinishedFile::FinishedFile(std::string path, bool force)
+FinishedFile::FinishedFile(const std::string& path, bool force)
     : path_(realPath(path)), partPath_(path_ + "." + std::to_string(getpid()) + ".part") {
   requireReplaceable(path_, force);
   makePrivateFile(partPath_);

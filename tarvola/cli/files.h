@@ -14,7 +14,7 @@ class FinishedFile {
  public:
   /// Fails if the place cannot take a file: the name belongs to a folder or a device, or, unless `force` is given, to a
   /// file that exists. Whether its folder exists is not asked.
-  FinishedFile(std::string path, bool force);
+  FinishedFile(const std::string& path, bool force);
   /// Takes away what was written unless finish was called.
   ~FinishedFile();
   FinishedFile(const FinishedFile&) = delete;

@@ -46,7 +46,7 @@ std::string readSecretFile(const std::string& path) {
 std::string requireSecret(const std::string& file, std::ostream& err) {
   constexpr std::size_t lengthThatCounts = 32;
   const char* variable = std::getenv(secretVariable);
-  const std::string secret = file.empty() ? (variable == nullptr ? "" : variable) : readSecretFile(file);
+  std::string secret = file.empty() ? (variable == nullptr ? "" : variable) : readSecretFile(file);
   if (secret.empty())
     throw CommandFailure(std::string("No secret is given.\nName a file that holds it with --secret-file, or set ") +
                              secretVariable + " in the environment.",

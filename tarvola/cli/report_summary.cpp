@@ -47,6 +47,7 @@ class Fields {
 
 std::vector<std::size_t> positionsOf(std::string_view kdForm, const std::vector<std::string_view>& names) {
   std::vector<std::size_t> positions;
+  positions.reserve(names.size());
   for (const std::string_view name : names)
     positions.push_back(packedField + store::findLayout(kdForm)->position(name).value());
   return positions;
@@ -61,6 +62,7 @@ struct FormPlaces {
 
 std::vector<FormPlaces> allPlaces() {
   std::vector<FormPlaces> places;
+  places.reserve(slipForms.size() + selfPaidForms().size());
   for (const SlipForm& form : slipForms)
     places.push_back({{.kdForm = form.codes.kdForm, .printedName = form.printedName},
                       positionsOf(form.codes.kdForm, {form.gross}),
