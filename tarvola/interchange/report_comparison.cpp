@@ -4,7 +4,6 @@
 
 #include "tarvola/interchange/report_writer.h"
 #include "tarvola/runtime/code_page.h"
-#include "tarvola/runtime/progress.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/runtime/utf8.h"
 #include "tarvola/store/store_object.h"
@@ -16,8 +15,7 @@ namespace {
 /// Walks the lines of the file beside those of the store.
 class Walk {
  public:
-  explicit Walk(const ReportingFile& report)
-      : report_(report), progress_("Comparing the report", report.lines.size()) {}
+  explicit Walk(const ReportingFile& report) : report_(report) {}
 
   /// The texts of some forms keep their line breaks and so stand on several lines of the file.
   void compareLine(std::string_view stored) {
@@ -50,11 +48,9 @@ class Walk {
     }
     if (lineNumber_ > report_.lines.size() || report_.lines[lineNumber_ - 1] != expected)
       note(result_.firstDifference, lineNumber_);
-    progress_.done(lineNumber_);
   }
 
   const ReportingFile& report_;
-  Progress progress_;
   std::uint64_t lineNumber_ = 0;
   ReportComparison result_;
 };
