@@ -29,7 +29,9 @@ TEST(ReportBeyondABlock, IsToldAndLeavesNoFile) {
         (store::Statement(
              "INSERT INTO DS_FORM_INDUK (NPWP,KD_FORM,JENIS_DOKUMEN,MS_PAJAK,TH_PAJAK,KD_PEMBETULAN_KE,NOBUKTI,"
              "KD_JENIS_PAJAK,DAT_FORM) VALUES ('013121660091000','F113321','17',1,2009,0,'000001/PPH4','113',")
-         << store::text(std::string(10'000'000, 'x')) << ")")
+         << store::text("013121660091000;PT;Jl.;1;2009;0;01/01/2009;000001/PPH4;086556479946000;" +
+                        std::string(10'000'000, 'x') + ";Jl. 2;1000;10;100")
+         << ")")
             .str());
     for (int i = 1; i < 34; ++i)
       general.pGetRecordDbase(

@@ -1,9 +1,7 @@
 // zlib behind byte arrays and texts.
 
 #include <gtest/gtest.h>
-#include <zlib.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -12,7 +10,6 @@
 #include <vector>
 
 #include "tarvola/interchange/CompressZIt.h"
-#include "tarvola/interchange/zlib_codec.h"
 #include "tarvola/runtime/code_page.h"
 #include "tests/interchange/other_ciphers.h"
 #include "tests/support/messages.h"
@@ -92,25 +89,6 @@ TEST(Compression, SizesAreCountedInCharactersOfTheCodePage) {
   ASSERT_EQ(zip.CompressString(text), 0);
   EXPECT_EQ(zip.OriginalSize(), 2);
   EXPECT_EQ(zip.CompressedSize(), static_cast<std::int32_t>(toAnsi(text).size()));
-}
-
-// The progress is told between pieces of the output, which must not change a byte of it.
-TEST(Compression, IsWhatTheOneShotCallOfZlibGives) {
-  std::mt19937 random(20090210);
-  for (const std::size_t length : {0U, 1U, 1000U, 70'000U, 3'000'000U}) {
-    for (const unsigned letters : {2U, 256U}) {
-      std::string source;
-      while (source.size() < length) source += static_cast<char>(random() % letters);
-      std::vector<Bytef> expected(compressBound(source.size()));
-      uLongf size = expected.size();
-      ASSERT_EQ(::compress(expected.data(), &size, reinterpret_cast<const Bytef*>(source.data()), source.size()), Z_OK);
-      std::string packed;
-      ASSERT_EQ(interchange::compressBytes(source, expected.size(), packed), 0);
-      EXPECT_TRUE(std::equal(packed.begin(), packed.end(), expected.begin(), expected.begin() + static_cast<long>(size),
-                             [](char ours, Bytef theirs) { return static_cast<Bytef>(ours) == theirs; }))
-          << length << " bytes of " << letters;
-    }
-  }
 }
 
 TEST(Compression, ACharacterOutsideTheCodePageComesBackAsAQuestionMark) {
