@@ -9,10 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "tarvola/interchange/exchange_file_reader.h"
 #include "tarvola/interchange/import_line.h"
 #include "tarvola/interchange/line_check.h"
 #include "tarvola/interchange/packed_compare.h"
-#include "tarvola/interchange/slip_file_reader.h"
+#include "tarvola/interchange/slip_file_layout.h"
 #include "tarvola/runtime/errors.h"
 
 namespace {
@@ -51,7 +52,7 @@ std::string fileWith(std::string_view bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes(data, data + size);
   try {
-    SlipFileReader reader(fileWith(bytes));
+    ExchangeFileReader reader(fileWith(bytes), slipFileLayout);
     while (reader.next()) importLine(ImportLine(reader.columns()));
   } catch (const RunTimeError&) {
     // A file that is none is refused whole.

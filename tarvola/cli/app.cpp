@@ -65,6 +65,12 @@ std::string storeOfEnvironment() {
   return path == nullptr ? "" : path;
 }
 
+/// Whoever reads a result from a file or a pipe must not take half of it for the whole.
+void requireWritten(std::ostream& out) {
+  out.flush();
+  if (!out) throw CommandFailure("The output could not be written.\nSee whether the disk is full.");
+}
+
 /// The store of a command is closed with it.
 struct OpenStore {
   OpenStore() = default;
@@ -89,6 +95,8 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   addSelfPaidCommands(app, context);
   addListCommands(app, context);
   addExchangeCommands(app, context, exitCode);
+  addPaymentCommands(app, context, exitCode);
+  addReportCommands(app, context);
   // Last, so that the commands do not take it over.
   app.footer(footer);
   try {
@@ -96,6 +104,7 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     requireKnownCommands(app, words);
     std::reverse(words.begin(), words.end());
     app.parse(words);
+    requireWritten(out);
     return exitCode;
   } catch (const CLI::ParseError& error) {
     return app.exit(error, out, err) == 0 ? Done : Usage;

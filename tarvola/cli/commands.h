@@ -64,6 +64,8 @@ void addSlipCommands(CLI::App& app, Context& context);
 void addSelfPaidCommands(CLI::App& app, Context& context);
 void addListCommands(CLI::App& app, Context& context);
 void addExchangeCommands(CLI::App& app, Context& context, int& exitCode);
+void addPaymentCommands(CLI::App& app, Context& context, int& exitCode);
+void addReportCommands(CLI::App& app, Context& context);
 
 // Each adds some more to "tarvola return".
 void addReturnDirectory(CLI::App& group, Context& context);

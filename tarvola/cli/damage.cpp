@@ -4,6 +4,8 @@
 
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
+#include "tarvola/cli/selfpaid_editor.h"
+#include "tarvola/cli/slip_forms.h"
 
 namespace tarvola::cli {
 
@@ -58,6 +60,17 @@ std::vector<std::string> packedFaults(std::string_view layoutCode, std::string_v
 
 std::vector<std::string> packedFaults(const store::FormCodes& form, const Period& period, std::string_view number) {
   return packedFaults(form.kdForm, form.kdForm, storedDocuments(form, period, number));
+}
+
+std::vector<std::string> documentFaults(const Period& period) {
+  std::vector<std::string> all;
+  const auto add = [&](const store::FormCodes& form) {
+    const std::vector<std::string> faults = packedFaults(form, period);
+    all.insert(all.end(), faults.begin(), faults.end());
+  };
+  for (const SlipForm& form : slipForms) add(form.codes);
+  for (const SelfPaidForm& form : selfPaidForms()) add(form.codes);
+  return all;
 }
 
 void requireWhole(const std::vector<std::string>& faults, const std::string& consequence) {

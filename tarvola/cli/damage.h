@@ -18,6 +18,9 @@ std::vector<std::string> packedFaults(std::string_view layoutCode, std::string_v
 /// The same for the documents of a form in a return, or for those of a number.
 std::vector<std::string> packedFaults(const store::FormCodes& form, const Period& period, std::string_view number = {});
 
+/// Those of all slips and self-paid forms of a return.
+std::vector<std::string> documentFaults(const Period& period);
+
 /// What follows for whoever reads what is shown of damaged rows.
 inline constexpr const char* wrongFigures = "What is shown of it is not right.";
 

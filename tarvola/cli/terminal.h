@@ -28,12 +28,14 @@ class Messages {
 
   /// Fails the command with the messages of failures that have come so far, if any.
   void throwIfAny() const;
-  /// The informative messages (title "INFORMASI") that have come so far.
-  [[nodiscard]] const std::vector<std::string>& notices() const noexcept { return notices_; }
+  /// Fails the command with the informative messages (title "INFORMASI") that have come so far, if any, and with what
+  /// to do about them: for work that tells of its failures alone.
+  void throwIfNotified(const std::string& remedy) const;
   [[nodiscard]] const std::vector<std::string>& failures() const noexcept { return failures_; }
 
  private:
   std::vector<std::string> notices_;
+  std::string noticeTitle_;
   std::vector<std::string> failures_;
   /// Gives the messages back to whoever collected them before.
   MessageBoxScope scope_;

@@ -83,10 +83,6 @@ void writeLines(TextFile& file, std::string_view word, const ExportedPeriod& per
 
 // --- files --------------------------------------------------------------------------------------------
 
-constexpr std::string_view headerOfBoth =
-    "Kode Pasal Untuk SSP / Kode Pasal Untuk PBK ; Masa Pajak SSP / Masa(Bulan) Berlaku PBK ; Tahun Pajak SSP / Tahun "
-    "Berlaku PBK ; Pembetulan (SSP) ; NTPP (Nomor Tanda Pembayaran Pajak) SSP / Nomor Bukti PBK ; Tanggal Setor SSP / "
-    "Tanggal Berlaku PBK ; Jumlah SSP / Jumlah PBK ; Kode MAP SSP ; Kode Jenis Setoran (KJS) SSP";
 constexpr std::string_view headerOfPayments =
     "Kode Pasal Untuk SSP; Masa Pajak SSP; Tahun Pajak SSP; Pembetulan (SSP) ; NTPP (Nomor Tanda Pembayaran Pajak) SSP "
     "; Tanggal Setor SSP; Jumlah SSP ; Kode MAP SSP ; Kode Jenis Setoran (KJS) SSP";
@@ -104,7 +100,7 @@ struct PaymentFile {
 };
 
 constexpr PaymentFile fileOfBoth{
-    .header = headerOfBoth, .payments = paymentColumns, .transfers = transferColumnsAmongPayments};
+    .header = interchange::headerOfBoth, .payments = paymentColumns, .transfers = transferColumnsAmongPayments};
 constexpr PaymentFile fileOfPayments{
     .header = headerOfPayments, .payments = paymentColumns, .selection = "SELECT * FROM DATSSP WHERE  MsPjk = "};
 constexpr PaymentFile fileOfTransfers{.header = headerOfTransfers, .transfers = transferColumns};

@@ -4,6 +4,7 @@
 
 #include "tarvola/interchange/payment_files.h"
 #include "tarvola/interchange/payment_line.h"
+#include "tarvola/interchange/payment_records.h"
 #include "tarvola/mainreturn/CF113204.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/document_key.h"
@@ -17,19 +18,14 @@ namespace tarvola {
 namespace {
 
 using interchange::PaymentLine;
+using namespace interchange::payment_columns;
 using store::bare;
 using store::FilerHeader;
-using store::number;
 using store::Period;
 using store::Statement;
 using store::text;
 
 constexpr std::int16_t noReturn = -1;
-
-/// The columns of a payment's line behind the first; those between say the period, which is not read.
-enum PaymentColumn : std::size_t { Ntpp = 4, TglSsp = 5, JmlByr = 6, KdMap = 7, KdJnsStr = 8 };
-/// The columns of a transfer's line behind the first.
-enum TransferColumn : std::size_t { Month = 1, Year = 2, NoBuktiPbk = 3, TanggalBerlaku = 4, JumlahPbk = 5 };
 
 /// The filer as PROFILE has it, without blanks around; empty texts without a row.
 FilerHeader readFiler(const store::StoreObject& store) {
@@ -37,13 +33,6 @@ FilerHeader readFiler(const store::StoreObject& store) {
   for (std::string* field : {&filer.npwp, &filer.name, &filer.address}) *field = std::string(Trim(*field));
   return filer;
 }
-
-/// So many empty texts, with a comma before each.
-void appendEmptyTexts(Statement& values, int count) {
-  for (int i = 0; i < count; ++i) values << ",''";
-}
-
-Statement dateValue(const std::string& date) { return Statement("DateValue(") << text(date) << ")"; }
 
 }  // namespace
 
@@ -82,7 +71,7 @@ void CImporSSPPBK::State::importLine(const Variant& strData, const Period& perio
 
 /// Several payments without a number may stand side by side, so they are not looked for.
 void CImporSSPPBK::State::importPayment(const PaymentLine& line, const Period& period, const FilerHeader& filer) {
-  if (line.text(Ntpp) == interchange::noPaymentNumber) {
+  if (line.text(NTPP) == interchange::noPaymentNumber) {
     const double key = pGetNextTableKey(line, store::monthText(period.msPajak, period.thPajak));
     pInsertSSP(line, period, filer, key);
   } else if (!pCekSSP(line, period)) {
@@ -99,13 +88,7 @@ void CImporSSPPBK::State::importTransfer(const PaymentLine& line, const FilerHea
 bool CImporSSPPBK::State::pCekSSP(const PaymentLine& line, const Period& period) {
   bool isThere = false;
   guarded([&] {
-    // The amount takes no part: a payment that is there already stays as it is.
-    const RecordsetPtr found = store.execute(
-        Statement("SELECT * FROM DATSSP WHERE KODEPASAL = ")
-        << std::int32_t{line.article()} << " AND MsPjk = " << std::int32_t{period.msPajak}
-        << " AND ThPjk = " << std::int32_t{period.thPajak} << " AND KdPmbtln = " << std::int32_t{period.kdPembetulanKe}
-        << " AND KdMAP = " << text(line.text(KdMap)) << " AND NTPP = " << text(line.text(Ntpp)) << " AND KdJnsStr = "
-        << text(line.text(KdJnsStr)) << " AND TglSSP = " << dateValue(line.text(TglSsp)) << " ORDER BY TGLSSP DESC");
+    const RecordsetPtr found = store.execute(interchange::selectPayment(line, period));
     isThere = !store::isEmptyResult(found);
   });
   return isThere;
@@ -113,15 +96,7 @@ bool CImporSSPPBK::State::pCekSSP(const PaymentLine& line, const Period& period)
 
 void CImporSSPPBK::State::pInsertSSP(const PaymentLine& line, const Period& period, const FilerHeader& filer,
                                      double tableKey) {
-  guarded([&] {
-    store.execute(Statement("INSERT INTO DATSSP(TableKey,KodePasal,NPWP,MsPjk,ThPjk,KdPmbtln,  "
-                            "KdMAP,KdJnsStr,TglSSP,NTPP,JmlByr,Catatan,NoSK) VALUES (")
-                  << number(tableKey) << ", " << std::int32_t{line.article()} << ", " << text(filer.npwp) << ", "
-                  << std::int32_t{period.msPajak} << " ," << std::int32_t{period.thPajak} << ","
-                  << std::int32_t{period.kdPembetulanKe} << "," << text(line.text(KdMap)) << ", "
-                  << text(line.text(KdJnsStr)) << "," << dateValue(line.text(TglSsp)) << ", " << text(line.text(Ntpp))
-                  << ", " << number(line.wholeRupiah(JmlByr)) << ",'','')");
-  });
+  guarded([&] { store.execute(interchange::insertPayment(line, period, filer.npwp, tableKey)); });
 }
 
 /// The key behind the highest of the payments without a number.
@@ -131,11 +106,11 @@ void CImporSSPPBK::State::pInsertSSP(const PaymentLine& line, const Period& peri
 double CImporSSPPBK::State::pGetNextTableKey(const PaymentLine& line, const std::string& sixDigits) {
   double key = 0;
   guarded([&] {
-    const RecordsetPtr found =
-        store.open(Statement("SELECT MAX(TableKey) AS MAXKEY FROM DATSSP WHERE KODEPASAL = ")
-                   << std::int32_t{line.article()} << " AND MsPjk = " << text(sixDigits) << " AND KdMAP = "
-                   << text(line.text(KdMap - 1)) << " AND KdJnsStr = " << text(line.text(KdJnsStr - 1))
-                   << " AND TglSSP = " << dateValue(line.text(TglSsp - 1)) << " AND NTPP = '0000000000000000'");
+    const RecordsetPtr found = store.open(
+        Statement("SELECT MAX(TableKey) AS MAXKEY FROM DATSSP WHERE KODEPASAL = ")
+        << std::int32_t{line.article()} << " AND MsPjk = " << text(sixDigits)
+        << " AND KdMAP = " << text(line.text(KdMAP - 1)) << " AND KdJnsStr = " << text(line.text(KdJnsStr - 1))
+        << " AND TglSSP = " << interchange::dateValue(line.text(TglSSP - 1)) << " AND NTPP = '0000000000000000'");
     if (!store::isNullField(found, "MAXKEY")) key = store::fieldNumber(found, "MAXKEY") + 1;
   });
   return key;
@@ -146,42 +121,14 @@ double CImporSSPPBK::State::pGetNextTableKey(const PaymentLine& line, const std:
 bool CImporSSPPBK::State::pCekPBK(const PaymentLine& line, const FilerHeader& filer) {
   bool isThere = false;
   guarded([&] {
-    const RecordsetPtr found =
-        store.execute(Statement("SELECT * FROM datPBKPPhMasa WHERE NPWPTertuju = ")
-                      << text(filer.npwp) << " AND PASAL = " << std::int32_t{line.article()}
-                      << " AND NoBuktiPBK = " << text(line.text(NoBuktiPbk))
-                      << " AND MsPjkPBK = " << bare(line.text(Month)) << " AND ThPjkPBK = " << bare(line.text(Year)));
+    const RecordsetPtr found = store.execute(interchange::selectTransfer(line, filer.npwp));
     isThere = !store::isEmptyResult(found);
   });
   return isThere;
 }
 
-/// All thirty-eight columns by position. What a line does not say of decision, old and new payment stays empty; the
-/// three dates are the one that it says.
 void CImporSSPPBK::State::pInsertPBK(const PaymentLine& line) {
-  guarded([&] {
-    const FilerHeader filer = readFiler(store);
-    const std::string month = line.text(Month);
-    const std::string year = line.text(Year);
-    const Statement date = dateValue(line.text(TanggalBerlaku));
-    Statement insert("INSERT INTO datPBKPPhMasa VALUES (");
-    insert << std::int32_t{line.article()} << "," << text(line.text(NoBuktiPbk)) << "," << bare(month) << ","
-           << bare(year) << ",1";
-    appendEmptyTexts(insert, 2);
-    insert << "," << date;
-    appendEmptyTexts(insert, 5);
-    insert << "," << bare(month) << "," << bare(year);
-    appendEmptyTexts(insert, 5);
-    insert << "," << text(filer.name) << "," << text(filer.address) << "," << text(filer.npwp);
-    appendEmptyTexts(insert, 2);
-    insert << "," << bare(month) << "," << bare(year);
-    appendEmptyTexts(insert, 5);
-    insert << "," << date << "," << number(line.wholeRupiah(JumlahPbk));
-    appendEmptyTexts(insert, 1);
-    insert << "," << date;
-    appendEmptyTexts(insert, 2);
-    store.execute(insert << ")");
-  });
+  guarded([&] { store.execute(interchange::insertTransfer(line, readFiler(store))); });
 }
 
 // --- main return --------------------------------------------------------------------------------------

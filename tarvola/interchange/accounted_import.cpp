@@ -14,8 +14,6 @@ namespace {
 
 using Kind = LineOutcome::Kind;
 
-LineOutcome refused(std::string reason) { return {.kind = Kind::Refused, .reason = std::move(reason)}; }
-
 bool hasInterestLines(const LineWriter& writer) { return writer.form().codes.kdForm == store::F113310.kdForm; }
 
 /// What lacks of a slip that the store holds, from an import that was interrupted.
@@ -43,12 +41,12 @@ AccountedImport::AccountedImport(const store::StoreObject& store, std::string np
       ledger_(readLedger(store_, npwp_, period_, lock_)) {}
 
 LineOutcome AccountedImport::import(const ImportLine& line) {
-  if (std::string fault = faultOf(line, period_); !fault.empty()) return refused(std::move(fault));
+  if (std::string fault = faultOf(line, period_); !fault.empty()) return refusedLine(std::move(fault));
   const std::lock_guard held(lock_);
   try {
     return write(line);
   } catch (const RunTimeError& error) {
-    return refused(error.description());
+    return refusedLine(error.description());
   }
 }
 
@@ -65,10 +63,10 @@ LineOutcome AccountedImport::writeSlip(const LineWriter& writer) {
   const std::optional<std::string> stored = findFormInduk(store_, npwp_, period_, writer.form().codes.kdForm, noBukti);
   const bool isListed = existsInLampiran(store_, period_, store::D113206.kdForm, noBukti, 0);
   if (stored) {
-    if (!saysTheSame(*stored, writer.packed())) return refused(otherContentsText(noBukti));
+    if (!saysTheSame(*stored, writer.packed())) return refusedLine(otherContentsText(noBukti));
     return completeSlip(writer, isListed);
   }
-  if (isListed) return refused(numberTakenText(noBukti));
+  if (isListed) return refusedLine(numberTakenText(noBukti));
   writer.insertSlip();
   writer.insertListRow(writer.nextSeq());
   if (hasInterestLines(writer)) writer.replaceInterestLines();

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "tarvola/interchange/accounted_lines.h"
 #include "tarvola/interchange/import_line.h"
 #include "tarvola/interchange/self_paid_ledger.h"
 #include "tarvola/interchange/store_lock.h"
@@ -10,16 +10,6 @@
 #include "tarvola/store/store_object.h"
 
 namespace tarvola::interchange {
-
-/// What became of a line.
-struct LineOutcome {
-  enum class Kind : std::uint8_t { Stored, AlreadyThere, Refused };
-  Kind kind = Kind::Stored;
-  /// Whether the line is that of a self-paid form.
-  bool isSelfPaid = false;
-  /// Of a refused line.
-  std::string reason = {};
-};
 
 /// Takes lines into a period and tells what became of each.
 ///

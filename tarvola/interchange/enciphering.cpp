@@ -11,6 +11,7 @@
 #include "tarvola/interchange/report_texts.h"
 #include "tarvola/interchange/utf16.h"
 #include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/progress.h"
 
 namespace tarvola::interchange {
 
@@ -32,10 +33,10 @@ class Rc2 {
     requireCipher(gcry_cipher_setiv(made, iv.data(), iv.size()));
   }
 
-  void encipher(std::string& bytes) {
+  void encipher(std::span<char> bytes) {
     requireCipher(gcry_cipher_encrypt(cipher_.get(), bytes.data(), bytes.size(), nullptr, 0));
   }
-  void decipher(std::string& bytes) {
+  void decipher(std::span<char> bytes) {
     requireCipher(gcry_cipher_decrypt(cipher_.get(), bytes.data(), bytes.size(), nullptr, 0));
   }
 
@@ -110,8 +111,12 @@ void encipher(std::string_view content, std::string_view password, const RandomS
 
 void encipherAnsi(std::string_view bytes, std::string_view password, const RandomSource& random, const LineSink& sink) {
   EncipheredLines lines(2 * bytes.size(), password, random, sink);
-  for (; bytes.size() > pieceBytes; bytes.remove_prefix(pieceBytes))
+  Progress progress("Enciphering", bytes.size());
+  const std::size_t all = bytes.size();
+  for (; bytes.size() > pieceBytes; bytes.remove_prefix(pieceBytes)) {
     lines.add(utf16FromAnsi(bytes.substr(0, pieceBytes)));
+    progress.done(all - bytes.size());
+  }
   lines.addLast(utf16FromAnsi(bytes));
 }
 
@@ -125,7 +130,13 @@ EncipheredText readEnciphered(std::string_view base64) {
 std::string decipher(EncipheredText text, std::string_view password) {
   if (text.ciphertext.empty() || text.ciphertext.size() % blockBytes != 0)
     fail(ErrorNumber::InvalidFileFormat, damagedEnvelopeText());
-  Rc2(password, text.salt, text.iv).decipher(text.ciphertext);
+  Rc2 cipher(password, text.salt, text.iv);
+  const std::span<char> bytes(text.ciphertext);
+  Progress progress("Deciphering", bytes.size());
+  for (std::size_t begin = 0; begin < bytes.size(); begin += pieceBytes) {
+    cipher.decipher(bytes.subspan(begin, std::min(pieceBytes, bytes.size() - begin)));
+    progress.done(begin);
+  }
   return std::move(text.ciphertext);
 }
 

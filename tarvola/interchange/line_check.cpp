@@ -2,49 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <optional>
 
 #include "tarvola/interchange/import_texts.h"
-#include "tarvola/runtime/regional_settings.h"
+#include "tarvola/interchange/value_check.h"
 #include "tarvola/runtime/text_forms.h"
 
 namespace tarvola::interchange {
 
 namespace {
-
-/// Amounts are kept as numbers of 15 digits.
-constexpr double tooLarge = 1e15;
-
-/// "1234.56" is 123456 where the point parts thousands: a figure a hundred times too large, and no failure. So
-/// thousands are taken only where they belong.
-bool hasMisplacedThousands(std::string_view value) {
-  const RegionalSettings& settings = regionalSettings();
-  const std::string_view whole = value.substr(0, value.find(settings.decimal));
-  const std::size_t first = whole.find(settings.thousands);
-  if (first == std::string_view::npos) return value.find(settings.thousands) != std::string_view::npos;
-  for (std::size_t sign = first; sign != std::string_view::npos;) {
-    const std::size_t next = whole.find(settings.thousands, sign + 1);
-    const std::size_t end = next == std::string_view::npos ? whole.size() : next;
-    if (end - sign != 4) return true;
-    sign = next;
-  }
-  return false;
-}
-
-std::string faultOfNumber(std::string_view value) {
-  const std::optional<double> number = tryNumber(value);
-  if (!number) return noNumberText(value);
-  if (hasMisplacedThousands(value)) return misplacedThousandsText(value, regionalSettings().decimal);
-  if (std::fabs(*number) >= tooLarge) return tooLargeText(value);
-  return {};
-}
-
-std::string faultOfText(std::string_view value) {
-  if (value.find('\'') != std::string_view::npos) return apostropheText();
-  if (value.find('\0') != std::string_view::npos) return nulCharacterText();
-  return {};
-}
 
 std::string faultOfDate(std::string_view value) {
   return value.empty() || tryDate(value) ? std::string() : noDateText(value);

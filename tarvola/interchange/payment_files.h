@@ -19,6 +19,12 @@ inline constexpr std::string_view transferWord = "PBK";
 /// The NTPP of a payment without a payment number.
 inline constexpr std::string_view noPaymentNumber = "0000000000000000";
 
+/// The titles of the file of both kinds.
+inline constexpr std::string_view headerOfBoth =
+    "Kode Pasal Untuk SSP / Kode Pasal Untuk PBK ; Masa Pajak SSP / Masa(Bulan) Berlaku PBK ; Tahun Pajak SSP / Tahun "
+    "Berlaku PBK ; Pembetulan (SSP) ; NTPP (Nomor Tanda Pembayaran Pajak) SSP / Nomor Bukti PBK ; Tanggal Setor SSP / "
+    "Tanggal Berlaku PBK ; Jumlah SSP / Jumlah PBK ; Kode MAP SSP ; Kode Jenis Setoran (KJS) SSP";
+
 /// "SELECT * FROM datPBKPPhMasa WHERE ...": the transfers in favour of a filer in a month.
 store::Statement selectTransfers(std::string_view npwp, std::int16_t article, std::int16_t month, std::int16_t year);
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
-#include "tarvola/interchange/export_row.h"
-#include "tarvola/interchange/slip_file_import.h"
+#include "tarvola/interchange/import_account.h"
 #include "tarvola/runtime/code_page.h"
 #include "tarvola/runtime/errors.h"
 
@@ -23,16 +23,10 @@ std::string asColumn(std::string_view reason) {
   return column;
 }
 
-/// The reason stands behind the 51st column, or behind whatever a line has too much.
-std::size_t missingSeparators(std::string_view lineBytes) {
-  const auto present = static_cast<std::size_t>(std::count(lineBytes.begin(), lineBytes.end(), separator));
-  return present < columnCount ? columnCount - present : 1;
-}
-
 }  // namespace
 
-RejectFile::RejectFile(std::string path, FileEncoding encoding)
-    : path_(std::move(path)), partPath_(path_ + ".part"), encoding_(encoding) {
+RejectFile::RejectFile(std::string path, FileEncoding encoding, const ExchangeLayout& layout)
+    : path_(std::move(path)), partPath_(path_ + ".part"), encoding_(encoding), layout_(layout) {
   if (path_.empty()) return;
   file_.open(partPath_, std::ios::binary | std::ios::trunc);
   if (!file_) {
@@ -54,7 +48,7 @@ void RejectFile::add(std::string_view lineBytes, std::string_view reason) {
   if (!file_.is_open()) return;
   if (!std::exchange(hasLines_, true)) {
     if (encoding_ == FileEncoding::Utf8) write(utf8Mark);
-    write(encoded(exportHeader()));
+    write(encoded(layout_.header()));
     write(";" + encoded(refusalReasonTitle) + std::string(lineEnd));
   }
   write(lineBytes);
@@ -78,6 +72,12 @@ void RejectFile::finish() {
 void RejectFile::write(std::string_view bytes) {
   file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (!file_) fail(ErrorNumber::DiskFull);
+}
+
+/// The reason stands behind the last column of the layout, or behind whatever a line has too much.
+std::size_t RejectFile::missingSeparators(std::string_view lineBytes) const {
+  const auto present = static_cast<std::size_t>(std::count(lineBytes.begin(), lineBytes.end(), separator));
+  return present < layout_.columnCount ? layout_.columnCount - present : 1;
 }
 
 std::string RejectFile::encoded(std::string_view text) const {

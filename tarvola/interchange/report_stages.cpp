@@ -23,6 +23,9 @@ constexpr std::size_t lengthDigits = 20;
 /// zlib cannot make less than a byte of so many.
 constexpr std::uint64_t largestRatio = 1032;
 
+/// Lines beyond this are lost when a report is written, but for the last part: its files are taken up in such blocks.
+constexpr std::uint64_t largestReport = 327'680'000;
+
 [[noreturn]] void refuse(std::string description) { fail(ErrorNumber::InvalidFileFormat, std::move(description)); }
 
 bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
@@ -47,6 +50,7 @@ void refuseEarlierStage(std::string_view bytes) {
 bool looksDeciphered(const AnsiBytes& text) noexcept { return text.foreignCount < text.bytes.size() / 2; }
 
 std::string inflated(std::string_view& packed, std::uint64_t length) {
+  if (length > largestReport && length > (packed.size() + 1) * largestRatio) refuse(beyondBlockText(length));
   if (length > (packed.size() + 1) * largestRatio) refuse(damagedContentText("its length cannot be true"));
   std::string plain;
   // Room for one byte more than there should be, so that too much shows as another length.
@@ -111,7 +115,8 @@ std::string decompressReport(std::string_view stageBytes) {
   std::string_view used = body;
   std::string plain = startsLikeZlib(body) ? inflated(used, length) : std::string(body);
   if (used.size() != body.size()) refuse(damagedContentText("something stands behind its compressed text"));
-  if (plain.size() != length) refuse(otherLengthText(stated, plain.size()));
+  if (plain.size() != length)
+    refuse(length > largestReport ? beyondBlockText(length) : otherLengthText(stated, plain.size()));
   return plain;
 }
 

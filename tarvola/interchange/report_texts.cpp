@@ -97,6 +97,11 @@ std::string otherLengthText(std::string_view statedBytes, std::size_t foundBytes
          std::to_string(foundBytes);
 }
 
+std::string beyondBlockText(std::uint64_t statedBytes) {
+  return "it is of " + Format(static_cast<double>(statedBytes), "#,##0") +
+         " bytes of lines; a report takes no more than 327.680.000, and of more than that holds the last part alone";
+}
+
 std::string unreadableSumText(std::size_t lineNumber, std::string_view kdForm) {
   return lineText(lineNumber, kdForm) + "the amounts of its control sum cannot be read";
 }

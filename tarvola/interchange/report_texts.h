@@ -42,6 +42,8 @@ std::string foreignCipherText(std::uint32_t version, std::uint32_t algorithm, st
 std::string wrongSecretText();
 std::string damagedContentText(std::string_view what);
 std::string otherLengthText(std::string_view statedBytes, std::size_t foundBytes);
+/// Of lines that no report can hold, whose file was written all the same.
+std::string beyondBlockText(std::uint64_t statedBytes);
 std::string unreadableSumText(std::size_t lineNumber, std::string_view kdForm);
 std::string otherSumText(std::size_t lineNumber, std::string_view kdForm, std::string_view stated,
                          std::string_view computed);

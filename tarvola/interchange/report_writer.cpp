@@ -130,34 +130,38 @@ void ReportWriter::write(const ReportOrder& order) {
   const std::string path(order.fileName);
   const RecordsetPtr header = store_.execute(selectHeader(order));
   PlainStage plain(path);
-  writeLines(order, header, plain);
+  buildLines(order, header, [&](std::string_view line) { plain.WriteLine(line); });
+  plain.Close();
   compress(path, plain);
   encipherFile(path, order.secretSource);
   showReportWritten(periodOf(order), order.fileName);
 }
 
-void ReportWriter::writeLines(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
-  writeProfile(order, file);
-  const std::string closingLine = writeDocuments(order, header, file);
-  pWriteSSPPBK(order.npwp, store::taxArticle, order.month, order.year, file, order.paymentsCorrection);
-  file.WriteLine(closingLine);
-  file.Close();
+void ReportWriter::buildLines(const ReportOrder& order, const LineSink& sink) {
+  buildLines(order, store_.execute(selectHeader(order)), sink);
 }
 
-void ReportWriter::writeProfile(const ReportOrder& order, PlainStage& file) {
+void ReportWriter::buildLines(const ReportOrder& order, const RecordsetPtr& header, const LineSink& sink) {
+  buildProfile(order, sink);
+  const std::string closingLine = buildDocuments(order, header, sink);
+  pWriteSSPPBK(order.npwp, store::taxArticle, order.month, order.year, sink, order.paymentsCorrection);
+  sink(closingLine);
+}
+
+void ReportWriter::buildProfile(const ReportOrder& order, const LineSink& sink) {
   const RecordsetPtr profile = store_.execute("SELECT * FROM PROFILE");
   if (profile->get_RecordCount() == 0) return;
   std::string line(store::taxKind);
   line += ";00;1.0;";
   appendItem(line, order.updateDate);
   for (const std::string_view field : profileFields) appendItem(line, fieldTextOr(profile, field, ""));
-  file.WriteLine(line);
+  sink(line);
 }
 
-std::string ReportWriter::writeDocuments(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file) {
+std::string ReportWriter::buildDocuments(const ReportOrder& order, const RecordsetPtr& header, const LineSink& sink) {
   const RecordsetPtr slips = store_.execute(selectSlips(order));
   const RecordsetPtr selfPaidForms = store_.execute(selectSelfPaidForms(order));
-  Progress progress("Writing the reporting file", slips->rows()->count() + selfPaidForms->rows()->count());
+  Progress progress("Building the lines of the report", slips->rows()->count() + selfPaidForms->rows()->count());
   std::uint64_t doneCount = 0;
   ReportLines lines;
   const auto write = [&](const ReportDocument& document) {
@@ -165,7 +169,7 @@ std::string ReportWriter::writeDocuments(const ReportOrder& order, const Records
       lines.addMainReturn(document, order.status, order.dJmlNKLB, store_.expand(document.kdForm, header));
     else
       lines.addForm(document);
-    if (document.kdForm != store::D113210.kdForm) file.WriteLine(lines.line());
+    if (document.kdForm != store::D113210.kdForm) sink(lines.line());
     progress.done(++doneCount);
   };
   forEachDocument(*slips->rows(), write);
@@ -175,31 +179,32 @@ std::string ReportWriter::writeDocuments(const ReportOrder& order, const Records
 
 /// A failure here shows, and the report goes on without the lines that are missing: so it stands.
 void ReportWriter::pWriteSSPPBK(std::string_view, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
-                                PlainStage& file, std::string_view sCorr) noexcept {
+                                const LineSink& sink, std::string_view sCorr) noexcept {
   guarded([&] {
     const RecordsetPtr codes = store_.open("SELECT * FROM REF_SSP_NEW");
     const std::int16_t month = CInt(Variant(sMsPjk));
     const std::int16_t year = CInt(Variant(sThPjk));
-    writePayments(iPasal, month, year, CInt(Variant(sCorr)), codes, file);
-    writeCompensations(iPasal, month, year, file);
+    buildPayments(iPasal, month, year, CInt(Variant(sCorr)), codes, sink);
+    buildCompensations(iPasal, month, year, sink);
   });
 }
 
-void ReportWriter::writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                                 const RecordsetPtr& codes, PlainStage& file) {
+void ReportWriter::buildPayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
+                                 const RecordsetPtr& codes, const LineSink& sink) {
   const RecordsetPtr payments = store_.open(Statement("SELECT * FROM DATSSP WHERE MsPjk = ")
                                             << std::int32_t{month} << " AND THPJK=" << std::int32_t{year}
                                             << " AND KdPmbtln=" << std::int32_t{correction}
                                             << " AND KODEPASAL = " << std::int32_t{article} << " ORDER BY TglSSP ASC");
-  forEachRow(payments, [&] { file.WriteLine(paymentLine(payments, codes)); });
+  forEachRow(payments, [&] { sink(paymentLine(payments, codes)); });
 }
 
 /// All of the month's, whatever correction they came with: the selection knows none.
-void ReportWriter::writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, PlainStage& file) {
+void ReportWriter::buildCompensations(std::int16_t article, std::int16_t month, std::int16_t year,
+                                      const LineSink& sink) {
   const RecordsetPtr rows = store_.open(Statement("SELECT * FROM datPBKPPhMasa WHERE PASAL = ")
                                         << std::int32_t{article} << " AND MsPjkPBK = " << std::int32_t{month}
                                         << " AND ThPjkPBK = " << std::int32_t{year});
-  forEachRow(rows, [&] { file.WriteLine(compensationLine(rows, article, month, year)); });
+  forEachRow(rows, [&] { sink(compensationLine(rows, article, month, year)); });
 }
 
 // The bytes of the code page are handed on as they are: a compressed text is as good a text of it as any, and nothing

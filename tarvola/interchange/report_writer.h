@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tarvola/ado/recordset.h"
+#include "tarvola/interchange/base64.h"
 #include "tarvola/interchange/block_reader.h"
 #include "tarvola/interchange/enciphering.h"
 #include "tarvola/interchange/hashed_data.h"
@@ -45,21 +46,24 @@ class ReportWriter {
   /// Without a main return of the period a message says so, and an existing file stays as it is. Success shows a
   /// message too. A failure leaves as RunTimeError.
   void write(const ReportOrder& order);
+  /// Hands out the plain lines of the report, without their line ends. Payment lines that fail show a message, and the
+  /// others follow.
+  void buildLines(const ReportOrder& order, const LineSink& sink);
 
  private:
-  void writeLines(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file);
-  void writeProfile(const ReportOrder& order, PlainStage& file);
-  std::string writeDocuments(const ReportOrder& order, const RecordsetPtr& header, PlainStage& file);
+  void buildLines(const ReportOrder& order, const RecordsetPtr& header, const LineSink& sink);
+  void buildProfile(const ReportOrder& order, const LineSink& sink);
+  std::string buildDocuments(const ReportOrder& order, const RecordsetPtr& header, const LineSink& sink);
   std::string compressed(const std::string& path, PlainStage& plain);
   void compress(const std::string& path, PlainStage& plain);
   void encipherFile(const std::string& path, std::string_view secretSource);
 
   std::string funcHashData(std::string_view sData) noexcept;
   void pWriteSSPPBK(std::string_view sNPWP, std::int16_t iPasal, std::string_view sMsPjk, std::string_view sThPjk,
-                    PlainStage& file, std::string_view sCorr) noexcept;
-  void writePayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
-                     const RecordsetPtr& codes, PlainStage& file);
-  void writeCompensations(std::int16_t article, std::int16_t month, std::int16_t year, PlainStage& file);
+                    const LineSink& sink, std::string_view sCorr) noexcept;
+  void buildPayments(std::int16_t article, std::int16_t month, std::int16_t year, std::int16_t correction,
+                     const RecordsetPtr& codes, const LineSink& sink);
+  void buildCompensations(std::int16_t article, std::int16_t month, std::int16_t year, const LineSink& sink);
 
   store::StoreObject& store_;
 };

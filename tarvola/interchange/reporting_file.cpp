@@ -3,6 +3,7 @@
 #include "tarvola/interchange/hashed_data.h"
 #include "tarvola/interchange/report_stages.h"
 #include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/progress.h"
 #include "tarvola/runtime/text_file.h"
 
 namespace tarvola {
@@ -17,7 +18,11 @@ ReportingFile read(const std::string& path, std::string_view secretSource) {
     report.byteLength = plain.size();
     report.lines = interchange::linesOfReport(plain);
   }
-  for (std::size_t i = 0; i < report.lines.size(); ++i) interchange::requireControlSum(report.lines[i], i + 1);
+  Progress progress("Checking control sums", report.lines.size());
+  for (std::size_t i = 0; i < report.lines.size(); ++i) {
+    interchange::requireControlSum(report.lines[i], i + 1);
+    progress.done(i + 1);
+  }
   return report;
 }
 

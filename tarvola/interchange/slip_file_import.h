@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "tarvola/interchange/import_account.h"
 
 namespace tarvola {
 
@@ -18,36 +19,16 @@ struct SlipFileImport {
   std::string rejectPath = {};
 };
 
-/// A line that was not taken, by its number in the file (from 1, the header included), and why.
-struct RefusedLine {
-  std::uint64_t lineNumber = 0;
-  std::string reason;
-};
-
-/// What became of every line: read = stored + alreadyThere + refused. Header and blank lines are not counted.
-struct SlipFileImportResult {
-  std::uint64_t read = 0;
-  /// Lines that wrote something: new documents, and documents that an interrupted import had left incomplete.
-  std::uint64_t stored = 0;
-  std::uint64_t alreadyThere = 0;
-  std::uint64_t refused = 0;
+/// What became of every line, and of the return behind them.
+struct SlipFileImportResult : ImportAccount {
   /// Of the stored lines, those of self-paid forms. A form that is in two files, or was entered by hand and is
   /// imported too, is not recognised unless it is the same to the last field: compare this number with what you expect.
   std::uint64_t selfPaidStored = 0;
-  /// Lines that read like UTF-8 in a file without a UTF-8 mark: their letters beyond ASCII have probably come in wrong.
-  std::uint64_t likeUtf8 = 0;
-  /// The first refused lines, at most `refusedLinesKept`; all of them are in the reject file.
-  std::vector<RefusedLine> firstRefused;
   /// Messages of the rebuilding; if there are any, the return does not agree with its documents yet.
   std::vector<std::string> rebuildFailures;
   /// What a person should look at in the rebuilt return (see RebuildOutcome).
   std::vector<std::string> rebuildWarnings;
 };
-
-inline constexpr std::size_t refusedLinesKept = 100;
-
-/// The title of the 52nd column of a reject file.
-inline constexpr std::string_view refusalReasonTitle = "Alasan Ditolak";
 
 /// Imports a file line by line through the same road as CImporBP::pImporPPh4, accounts for every line, and rebuilds
 /// the return. The thread's connection settings must have been given to pSetCon, and the store must name its filer.

@@ -2,26 +2,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <sstream>
-
 #include "tarvola/ado/engine/embedded_store.h"
-#include "tarvola/cli/commands.h"
 #include "tarvola/runtime/text_file.h"
+#include "tests/cli/tool.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvola::test {
 namespace {
-
-struct Outcome {
-  int code;
-  std::string text;
-};
-
-Outcome runTool(const std::vector<std::string>& words) {
-  std::ostringstream out;
-  const int code = cli::run(words, out, out);
-  return {code, out.str()};
-}
 
 /// Puts off the rights of the administrator, to whom no file is read-only.
 class OrdinaryUser {

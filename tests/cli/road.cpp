@@ -65,7 +65,8 @@ std::string readWhole(const std::string& path) {
 
 void writeTo(const std::string& path, const std::string& text, std::ios::openmode mode) {
   std::ofstream file(path, std::ios::binary | mode);
-  file << toAnsi(unescaped(text));
+  // Escapes stand for bytes, of whatever code page.
+  file << unescaped(toAnsi(text));
 }
 
 std::string withUnixLineEnds(const std::string& text) { return Replace(text, "\r\n", "\n"); }

@@ -167,9 +167,17 @@ TEST_F(ReportReading, AnotherLengthThanTheStatedOneIsRefused) {
               HasSubstr("cannot be decompressed"));
   EXPECT_THAT(readFailure(enciphered(stageOf(shortReport, 10'000'000))).description,
               HasSubstr("length cannot be true"));
+  // A report of more bytes than fit into a block was written in spite of it.
+  EXPECT_EQ(readFailure(enciphered(stageOf(shortReport, 327'680'001))).description,
+            "it is of 327.680.001 bytes of lines; a report takes no more than 327.680.000, and of more than that holds "
+            "the last part alone");
+  EXPECT_THAT(readFailure(enciphered(stageOf(shortReport, 327'680'000))).description,
+              HasSubstr("length cannot be true"));
   std::string stage = stageOf(shortReport, shortReport.size());
   stage.replace(0, 20, 20, '9');
   EXPECT_THAT(readFailure(enciphered(stage)).description, HasSubstr("length cannot be true"));
+  const std::string uncompressed = "00000000000400000000" + shortReport + "\r\n";
+  EXPECT_EQ(readFailure(enciphered(uncompressed)).description, beyondBlockText(400'000'000));
 }
 
 TEST_F(ReportReading, AContentThatIsNoSecondStageIsRefused) {

@@ -98,12 +98,16 @@ SqliteSession::Prepared SqliteSession::prepare(std::string_view statement) const
 
 StatementResult SqliteSession::select(Prepared& shape) {
   auto rows = std::make_shared<TableRows>(shape.compiled.columns, shape.base);
+  FetchProgress progress;
   for (std::size_t part = 0; part < shape.parts.size(); ++part) {
     sqlite3_stmt* const statement = shape.parts[part].get();
     const ResetAtEnd reset(statement);
     binder_.bindLiterals(statement, shape_.literals, shape.compiled.parts[part].parameters);
     int code = SQLITE_ROW;
-    while ((code = sqlite3_step(statement)) == SQLITE_ROW) fetchRow(statement, *rows);
+    while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
+      fetchRow(statement, *rows);
+      progress.countRow();
+    }
     if (code != SQLITE_DONE) handle_->fail(code);
   }
   return {.rows = std::move(rows), .recordsAffected = 0};

@@ -1,9 +1,7 @@
-#include "tarvola/interchange/slip_file_reader.h"
+#include "tarvola/interchange/exchange_file_reader.h"
 
 #include <algorithm>
 
-#include "tarvola/interchange/file_columns.h"
-#include "tarvola/interchange/import_forms.h"
 #include "tarvola/interchange/import_texts.h"
 #include "tarvola/runtime/code_page.h"
 #include "tarvola/runtime/errors.h"
@@ -28,12 +26,13 @@ bool isUtf16(std::string_view firstLine) {
 
 }  // namespace
 
-SlipFileReader::SlipFileReader(const std::string& path) : lines_(LineReader::open(path)) {
+ExchangeFileReader::ExchangeFileReader(const std::string& path, const ExchangeLayout& layout)
+    : layout_(layout), lines_(LineReader::open(path)) {
   if (lines_.bytesTotal() == 0) fail(ErrorNumber::InvalidFileFormat, emptyFileText(path));
   takeFirstLine(path);
 }
 
-bool SlipFileReader::next() {
+bool ExchangeFileReader::next() {
   if (std::exchange(isFirstTaken_, false)) return true;
   while (readLine())
     if (!isHeader()) return true;
@@ -41,7 +40,7 @@ bool SlipFileReader::next() {
 }
 
 /// The next line that is not blank.
-bool SlipFileReader::readLine() {
+bool ExchangeFileReader::readLine() {
   while (lines_.next(bytes_)) {
     ++lineNumber_;
     if (lineNumber_ == 1 && bytes_.starts_with(utf8Mark)) {
@@ -56,20 +55,20 @@ bool SlipFileReader::readLine() {
   return false;
 }
 
-void SlipFileReader::takeFirstLine(const std::string& path) {
+void ExchangeFileReader::takeFirstLine(const std::string& path) {
   if (!readLine()) fail(ErrorNumber::InvalidFileFormat, emptyFileText(path));
   if (isUtf16(bytes_)) fail(ErrorNumber::InvalidFileFormat, utf16Text(path));
   if (isHeader()) {
-    hasReasons_ = columns_.size() > columnCount;
+    hasReasons_ = columns_.size() > layout_.columnCount;
     return;
   }
   // By the bytes: a line that is too long or broken has no columns, and is still a line of its form.
-  if (findImportForm(Trim(bytes_.substr(0, bytes_.find(separator)))) == nullptr)
-    fail(ErrorNumber::InvalidFileFormat, notAnExchangeFileText(path));
+  if (!layout_.isDataLine(Trim(bytes_.substr(0, bytes_.find(separator)))))
+    fail(ErrorNumber::InvalidFileFormat, layout_.foreignFileText(path));
   isFirstTaken_ = true;
 }
 
-void SlipFileReader::decode() {
+void ExchangeFileReader::decode() {
   text_.clear();
   const bool hasLetters = !isTooLong() && hasLettersBeyondAscii(bytes_);
   isLikeUtf8_ = hasLetters && encoding_ == FileEncoding::Ansi && isUtf8(bytes_);
@@ -81,7 +80,7 @@ void SlipFileReader::decode() {
     text_ += bytes_;
 }
 
-void SlipFileReader::cut() {
+void ExchangeFileReader::cut() {
   columns_.clear();
   if (text_.empty()) return;
   std::string_view rest = text_;
@@ -90,15 +89,12 @@ void SlipFileReader::cut() {
     rest.remove_prefix(end + 1);
   }
   columns_.push_back(rest);
-  if (hasReasons_ && columns_.size() > columnCount) {
+  if (hasReasons_ && columns_.size() > layout_.columnCount) {
     columns_.pop_back();
     bytes_ = bytes_.substr(0, bytes_.rfind(separator));
   }
 }
 
-/// The header is known by its first title. It may stand again further down where files were put together.
-bool SlipFileReader::isHeader() const {
-  return !columns_.empty() && equalsIgnoreCase(Trim(columns_.front()), fileColumns.front().title);
-}
+bool ExchangeFileReader::isHeader() const { return !columns_.empty() && layout_.isHeader(Trim(columns_.front())); }
 
 }  // namespace tarvola::interchange

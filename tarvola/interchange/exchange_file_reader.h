@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tarvola/interchange/exchange_layout.h"
 #include "tarvola/runtime/text_file.h"
 
 namespace tarvola::interchange {
@@ -13,17 +14,17 @@ namespace tarvola::interchange {
 enum class FileEncoding : std::uint8_t { Ansi, Utf8 };
 
 inline constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-/// Longer lines are not cut into columns: no form fills a hundredth of this.
+/// Longer lines are not cut into columns: no record fills a hundredth of this.
 inline constexpr std::size_t longestLineBytes = 65'535;
 
-/// Reads the data lines of a slip exchange file in constant memory, passing over header and blank lines.
+/// Reads the data lines of an exchange file in constant memory, passing over header and blank lines.
 ///
-/// A file that begins with the UTF-8 mark is UTF-8, any other ANSI. A header with a 52nd title is that of a reject
-/// file: the last column of its lines, if it is beyond the 51, is a reason and is dropped.
-class SlipFileReader {
+/// A file that begins with the UTF-8 mark is UTF-8, any other ANSI. A header with more titles than the layout has
+/// columns is that of a reject file: the last column of its lines, if it is beyond those, is a reason and is dropped.
+class ExchangeFileReader {
  public:
   /// Fails with error 321 for a file that is empty, UTF-16, or begins with neither header nor data line.
-  explicit SlipFileReader(const std::string& path);
+  ExchangeFileReader(const std::string& path, const ExchangeLayout& layout);
 
   /// Goes to the next data line. False at the end.
   bool next();
@@ -51,6 +52,7 @@ class SlipFileReader {
   void decode();
   [[nodiscard]] bool isHeader() const;
 
+  const ExchangeLayout& layout_;
   LineReader lines_;
   FileEncoding encoding_ = FileEncoding::Ansi;
   bool hasReasons_ = false;
