@@ -18,6 +18,8 @@ void writeThrough(const std::string& path) {
   ::close(file);
 }
 
+}  // namespace
+
 double secondsOfLibrary(const std::string& path, const std::function<void()>& work) {
   connectTo(path);
   const CGeneralClass keptOpen;
@@ -28,8 +30,6 @@ double secondsOfStatements(const std::string& path, const std::vector<NotedState
   StatementReplay replay(path, statements);
   return seconds([&] { replay.run(); });
 }
-
-}  // namespace
 
 std::string copyOf(const BenchStore& store, const std::string& name) {
   std::string path = store.file(name + ".tarvola");

@@ -17,6 +17,11 @@ std::string copyOf(const BenchStore& store, const std::string& name);
 /// The statements that some work of the library runs on a store.
 std::vector<NotedStatement> statementsOf(const std::string& path, const std::function<void()>& work);
 
+/// Seconds that work takes the library, and its statements alone, on a store that was opened just now, as a command
+/// finds it: at any size nothing of the store is in the engine's cache yet. The opening is not counted.
+double secondsOfLibrary(const std::string& path, const std::function<void()>& work);
+double secondsOfStatements(const std::string& path, const std::vector<NotedStatement>& statements);
+
 /// Measures work that changes its store, each run on a fresh copy: by the library, and by its statements alone.
 Measurement measureOnCopies(const std::string& road, const BenchStore& store, std::int64_t slips,
                             const std::function<void()>& work);

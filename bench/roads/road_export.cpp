@@ -22,14 +22,13 @@ Measurement measureExport(std::int64_t slips) {
   const BenchStore store;
   fill(store, makeMonth(slips));
   const auto work = [&] { exportOnce(store); };
-  StatementReplay reads(store.path(), statementsOf(store.path(), work));
+  const std::vector<NotedStatement> statements = statementsOf(store.path(), work);
   const std::vector<std::string> lines = linesOf(store.file("out.csv"));
   Measurement result{.road = "export", .slips = slips, .operations = slips};
-  connectTo(store);
-  const CGeneralClass keptOpen;
   takeMedians(
-      result, runsFor(slips), [&] { return seconds(work); },
+      result, runsFor(slips), [&] { return secondsOfLibrary(store.path(), work); },
       [&] {
+        StatementReplay reads(store.path(), statements);
         return seconds([&] {
           reads.run();
           writeLines(lines, store.file("floor.csv"));

@@ -19,14 +19,13 @@ double paymentImportPeakMib(const BenchStore& store, std::int64_t count) {
 
 Measurement measurePaymentExport(const BenchStore& store, std::int64_t count) {
   const auto work = [&] { exportPayments(store); };
-  StatementReplay reads(store.path(), statementsOf(store.path(), work));
+  const std::vector<NotedStatement> statements = statementsOf(store.path(), work);
   const std::vector<std::string> lines = linesOf(store.file("payments.csv"));
   Measurement result{.road = "payments export", .slips = count, .operations = count};
-  connectTo(store);
-  const CGeneralClass keptOpen;
   takeMedians(
-      result, runsFor(count), [&] { return seconds(work); },
+      result, runsFor(count), [&] { return secondsOfLibrary(store.path(), work); },
       [&] {
+        StatementReplay reads(store.path(), statements);
         return seconds([&] {
           reads.run();
           writeLines(lines, store.file("floor.csv"));

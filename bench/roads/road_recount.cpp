@@ -2,7 +2,6 @@
 
 #include "bench/roads/month_maker.h"
 #include "bench/roads/on_copies.h"
-#include "bench/roads/statement_replay.h"
 #include "tarvola/tarvola.h"
 
 namespace tarvola::bench {
@@ -22,12 +21,11 @@ void recountOnce() {
 Measurement measureRecount(std::int64_t slips) {
   const BenchStore store;
   fill(store, makeMonth(slips));
-  StatementReplay statements(store.path(), statementsOf(store.path(), recountOnce));
+  const std::vector<NotedStatement> statements = statementsOf(store.path(), recountOnce);
   Measurement result{.road = "full recount", .slips = slips, .operations = slips};
-  connectTo(store);
-  const CGeneralClass keptOpen;
   takeMedians(
-      result, runsFor(slips), [] { return seconds(recountOnce); }, [&] { return seconds([&] { statements.run(); }); });
+      result, runsFor(slips), [&] { return secondsOfLibrary(store.path(), recountOnce); },
+      [&] { return secondsOfStatements(store.path(), statements); });
   return result;
 }
 
