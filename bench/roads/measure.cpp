@@ -45,6 +45,19 @@ void takeMedians(Measurement& result, int runs, const std::function<double()>& o
   result.floor = median(std::move(floorSeconds));
 }
 
+Measurement medianOf(const std::vector<Measurement>& runs) {
+  Measurement result = runs.front();
+  std::vector<double> oursSeconds;
+  std::vector<double> floorSeconds;
+  for (const Measurement& run : runs) {
+    oursSeconds.push_back(run.ours);
+    floorSeconds.push_back(run.floor);
+  }
+  result.ours = median(std::move(oursSeconds));
+  result.floor = median(std::move(floorSeconds));
+  return result;
+}
+
 double peakMibOf(const std::function<void()>& work) {
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("fork failed");

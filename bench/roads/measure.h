@@ -30,6 +30,9 @@ int runsFor(std::int64_t slips);
 void takeMedians(Measurement& result, int runs, const std::function<double()>& ours,
                  const std::function<double()>& floor);
 
+/// The medians of several measurements of one road.
+Measurement medianOf(const std::vector<Measurement>& runs);
+
 /// Runs the work in a child process and gives that process's peak resident size in MiB.
 double peakMibOf(const std::function<void()>& work);
 

@@ -186,15 +186,20 @@ class Copies {
 }  // namespace
 
 std::vector<Measurement> measureDocuments(std::int64_t documents) {
-  const int count = documents > 10000 ? 5 : 40;
+  constexpr int count = 40;
+  constexpr int runs = 3;
   const BenchStore store;
   fill(store, makeMonth(documents));
   std::vector<Measurement> all;
   for (const DocumentForm& form : allDocumentForms()) {
-    const Copies copies(store);
-    all.push_back(copies.measure("add " + form.name, count, form.add));
-    all.push_back(copies.measure("edit " + form.name, count, form.edit));
-    all.push_back(copies.measure("delete " + form.name, count, form.remove));
+    std::vector<std::vector<Measurement>> measured(3);
+    for (int run = 0; run < runs; ++run) {
+      const Copies copies(store);
+      measured[0].push_back(copies.measure("add " + form.name, count, form.add));
+      measured[1].push_back(copies.measure("edit " + form.name, count, form.edit));
+      measured[2].push_back(copies.measure("delete " + form.name, count, form.remove));
+    }
+    for (const std::vector<Measurement>& road : measured) all.push_back(medianOf(road));
   }
   for (Measurement& each : all) each.slips = documents;
   return all;

@@ -83,9 +83,7 @@ void recountMainForm(std::string_view npwp, const store::Period& period) {
 
 void recountSlipList(std::string_view npwp, const store::Period& period) {
   CD113206 list;
-  list.pGetD113206(npwp, period.msPajak, period.thPajak, period.kdPembetulanKe);
-  list.pHitPjk(1);
-  list.updateForGood();
+  list.recomputeForGood(npwp, period.msPajak, period.thPajak, period.kdPembetulanKe);
 }
 
 template <class List>

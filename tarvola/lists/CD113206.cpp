@@ -4,12 +4,14 @@
 #include <optional>
 #include <utility>
 
+#include "tarvola/ado/engine/session.h"
 #include "tarvola/lists/attachment_rows.h"
 #include "tarvola/runtime/errors.h"
 #include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/failure_rule.h"
 #include "tarvola/store/field_access.h"
 #include "tarvola/store/form_codes.h"
+#include "tarvola/store/form_layouts.h"
 #include "tarvola/store/packed_row.h"
 
 namespace tarvola {
@@ -243,11 +245,39 @@ void CD113206::pUpdate() {
   });
 }
 
-void CD113206::updateForGood() {
+void CD113206::recomputeForGood(std::string_view sNPWP, std::int16_t iMsPjk, std::int16_t iThPjk,
+                                std::int16_t iCorrSeq) {
+  if (!takeKeptSums({.msPajak = iMsPjk, .thPajak = iThPjk, .kdPembetulanKe = iCorrSeq})) {
+    pGetD113206(sNPWP, iMsPjk, iThPjk, iCorrSeq);
+    pJmlPPhTdFinal(1);
+  }
   guarded([&] {
     store::setField(form_, "DAT_FORM", store_.pack(header_.get()));
     form_->UpdateBatch(adAffectAll);
   });
+}
+
+/// Loads the header and gives it the sums of the first collection. False if the rows must be read, which then tells of
+/// whatever stands in the way.
+bool CD113206::takeKeptSums(const store::Period& period) noexcept {
+  try {
+    const store::FormLayout& layout = *store::findLayout("D113206-CollA");
+    const auto sums = store_.connection()->session()->packedSums(
+        Statement("SELECT COUNT(*) AS JML FROM DS_FORM_LAMPIRAN WHERE ") << collectionCondition(period, 0),
+        {.column = "DAT_FORM",
+         .count = layout.positions.size(),
+         .summed = {layout.position(taxObjectColumn).value(), layout.position(taxWithheldColumn).value()}});
+    if (!sums) return false;
+    form_ = store_.open(headerSelection(period));
+    if (form_->get_RecordCount() != 1) return false;
+    header_.set(store_.expand(listCode, form_));
+    form_->MoveFirst();
+    store::setField(header_.get(), firstSums.taxObjects, sums->front());
+    store::setField(header_.get(), firstSums.taxWithheld, sums->back());
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
 }
 
 std::string CD113206::aNPWP() const {

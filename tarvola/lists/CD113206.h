@@ -96,9 +96,9 @@ class CD113206 {
 
   /// Writes the header's packed text to the store; the header must be loaded.
   void pUpdate();
-  /// pUpdate as the last thing that is done with the object: the rows, which after pGetD113206 are all rows of the
-  /// list, are not read anew.
-  void updateForGood();
+  /// pGetD113206, pJmlPPhTdFinal and pUpdate as the last thing that is done with the object. The rows are not read
+  /// anew, and not at all where the store knows their sums by heart.
+  void recomputeForGood(std::string_view sNPWP, std::int16_t iMsPjk, std::int16_t iThPjk, std::int16_t iCorrSeq);
 
   /// NPWP of the filer, from the loaded header; "" if that fails.
   std::string aNPWP() const;
@@ -121,6 +121,7 @@ class CD113206 {
   static constexpr Sums secondSums{.taxObjects = "B6", .taxWithheld = "B7"};
 
   std::int32_t takePlace(const store::Period& period, std::int16_t collection, std::string_view slipNumber);
+  bool takeKeptSums(const store::Period& period) noexcept;
   void addUpInto(const Sums& sums, const RecordsetPtr& collection);
   void adjust(const Sums& sums, double taxObjectsRupiah, double taxWithheldRupiah);
 

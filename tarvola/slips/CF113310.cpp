@@ -167,7 +167,7 @@ void CF113310::moveSide(const RecordsetPtr& returnRow, const ReturnLine& line, c
 ///
 /// The mark of deletion alone leads here: a slip that is saved as edited and deleted at once is taken from SBI, giro
 /// and other interest with its old amounts and then added with the difference, while its sides move by the difference.
-void CF113310::takeFromReturn(CF113204& mainReturn) const {
+void CF113310::takeFromReturn(CF113204& mainReturn) {
   const auto lines = description().returnLines;
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
   takeFromLine(returnRow, lines[sbiLine]);
@@ -186,7 +186,7 @@ void CF113310::takeFromReturn(CF113204& mainReturn) const {
 
 /// The first slip gives the text line its own words; any further save, with the same words, with none, or of the same
 /// slip once more, makes "Lain-Lain" of them.
-void CF113310::addToReturn(CF113204& mainReturn) const {
+void CF113310::addToReturn(CF113204& mainReturn) {
   const auto lines = description().returnLines;
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
   moveReturnLine(returnRow, lines[sbiLine]);
@@ -200,11 +200,10 @@ void CF113310::addToReturn(CF113204& mainReturn) const {
   setOtherTariff(mainReturn);
 }
 
-void CF113310::setOtherTariff(CF113204& mainReturn) const {
+void CF113310::setOtherTariff(CF113204& mainReturn) {
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
   const bool isZero = store::fieldNumber(returnRow, otherLine.gross) == 0;
-  store::setField(returnRow, otherLine.tariff,
-                  isZero ? Variant("0") : Variant(averageTariff(mainReturn, otherLine.averageChoice)));
+  store::setField(returnRow, otherLine.tariff, isZero ? Variant("0") : Variant(averageTariff(otherLine.averageChoice)));
 }
 
 // --- the list of interest ------------------------------------------------------------------------------------

@@ -145,9 +145,9 @@ class CF113310 final : public slips::SlipFrame {
   bool isMarked(std::string_view option) const;
   void moveSide(const RecordsetPtr& returnRow, const slips::ReturnLine& line, const Amounts& now,
                 const Amounts& old) const;
-  void takeFromReturn(CF113204& mainReturn) const;
-  void addToReturn(CF113204& mainReturn) const;
-  void setOtherTariff(CF113204& mainReturn) const;
+  void takeFromReturn(CF113204& mainReturn);
+  void addToReturn(CF113204& mainReturn);
+  void setOtherTariff(CF113204& mainReturn);
 
   std::string spliced(std::string_view name) const;
   lists::InterestSlip interestSlip() const;

@@ -271,9 +271,7 @@ void SlipFrame::deleteSlip(const store::DocumentKey& key) {
       for (const std::int16_t collection : description_.collectionsCleared)
         list.pDeleteD113206Coll(store::D113206.kdForm, month, year, correction, key.noBukti, collection);
       removeStoreRow(key);
-      list.pGetD113206(key.npwp, month, year, correction);
-      list.pJmlPPhTdFinal(1);
-      list.updateForGood();
+      list.recomputeForGood(key.npwp, month, year, correction);
     }
     pUpdF113204();
   });

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "tarvola/ado/event.h"
 #include "tarvola/ado/recordset.h"
 #include "tarvola/lists/status_flags.h"
+#include "tarvola/mainreturn/tax_rates.h"
 #include "tarvola/runtime/date.h"
 #include "tarvola/runtime/variant.h"
 #include "tarvola/slips/slip_description.h"
@@ -222,9 +224,9 @@ class SlipFrame {
   void takeFromLine(const RecordsetPtr& returnRow, const ReturnLine& line) const;
   static void addToLine(const RecordsetPtr& returnRow, const ReturnLine& line, const Amounts& change);
   /// Sets a line's tariff: the default while the line is 0, the average over all slips of the period otherwise.
-  void setReturnTariff(CF113204& mainReturn, const ReturnLine& line) const;
+  void setReturnTariff(CF113204& mainReturn, const ReturnLine& line);
   double defaultTariff(CF113204& mainReturn, std::string_view item) const;
-  double averageTariff(CF113204& mainReturn, std::string_view choice) const;
+  double averageTariff(std::string_view choice);
 
   [[nodiscard]] const SlipDescription& description() const noexcept { return description_; }
   [[nodiscard]] const RecordsetPtr& storeRow() const noexcept { return header_.get(); }
@@ -257,6 +259,8 @@ class SlipFrame {
 
   /// The period of the slip that was saved or deleted last; list and return are loaded by it.
   store::Period savedPeriod_;
+  /// Sums of all slips of the form, while the return is moved.
+  std::optional<mainreturn::TotalPairs> formTotals_;
   lists::StatusFlags status_;
   OldValues old_;
 };

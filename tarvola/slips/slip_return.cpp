@@ -12,6 +12,7 @@ namespace tarvola::slips {
 void SlipFrame::pUpdF113204() {
   guarded([&] {
     computeTotals();
+    formTotals_.reset();
     CF113204 mainReturn;
     mainReturn.pGetF113204(store::fieldText(form_, "npwp"), store::F113204.kdForm, store::F113204.jenisDokumen,
                            savedPeriod_.msPajak, savedPeriod_.thPajak, savedPeriod_.kdPembetulanKe, store::headerNumber,
@@ -47,11 +48,11 @@ void SlipFrame::addToLine(const RecordsetPtr& returnRow, const ReturnLine& line,
   store::setField(returnRow, line.tax, store::fieldNumber(returnRow, line.tax) + change.taxRupiah);
 }
 
-void SlipFrame::setReturnTariff(CF113204& mainReturn, const ReturnLine& line) const {
+void SlipFrame::setReturnTariff(CF113204& mainReturn, const ReturnLine& line) {
   const RecordsetPtr returnRow = mainReturn.rs4_2Form();
   const bool isZero = store::fieldNumber(returnRow, line.gross) == 0;
   store::setField(returnRow, line.tariff,
-                  isZero ? defaultTariff(mainReturn, line.defaultItem) : averageTariff(mainReturn, line.averageChoice));
+                  isZero ? defaultTariff(mainReturn, line.defaultItem) : averageTariff(line.averageChoice));
 }
 
 double SlipFrame::defaultTariff(CF113204& mainReturn, std::string_view item) const {
@@ -59,11 +60,22 @@ double SlipFrame::defaultTariff(CF113204& mainReturn, std::string_view item) con
   return CDbl(Format(tariff, "0.00"));
 }
 
-double SlipFrame::averageTariff(CF113204& mainReturn, std::string_view choice) const {
+/// The average of CF113204::pHit_TarifRataan. The sums of the form's slips serve all lines: nothing is written between
+/// them. An average that fails shows its own message and gives 0.
+double SlipFrame::averageTariff(std::string_view choice) {
+  const std::string npwp = store::fieldText(form_, "npwp");
   const store::Period period = formPeriod();
-  return mainReturn.pHit_TarifRataan(store::fieldText(form_, "npwp"), description_.form.kdForm,
-                                     description_.form.jenisDokumen, period.msPajak, period.thPajak,
-                                     period.kdPembetulanKe, store::taxKind, choice);
+  double tariffPercent = 0;
+  guarded([&] {
+    if (!formTotals_) {
+      formTotals_ = mainreturn::readTotals(store_, {.npwp = npwp,
+                                                    .kdForm = description_.form.kdForm,
+                                                    .jenisDokumen = description_.form.jenisDokumen,
+                                                    .period = period});
+    }
+    tariffPercent = mainreturn::averageRate(*formTotals_, choice);
+  });
+  return tariffPercent;
 }
 
 /// C3 counts the slips of the return and never falls below 0; CHKC2 and CHKC3 mark whether there are any.

@@ -46,6 +46,32 @@ TEST_F(SlipListSums, AreComputedForTheFirstCollectionOnlyByTheNormalisation) {
   EXPECT_EQ(sums(), "1000;250;0;0");
 }
 
+TEST_F(SlipListSums, AreRecomputedForGoodFromTheRowsThatThereAre) {
+  store.run("UPDATE DS_FORM_INDUK SET DAT_FORM = 'n;a;b;1;2009;0;5;6;7;8'");
+  addRow(0, "1000", "250");
+  list.recomputeForGood("", 1, 2009, 0);
+  EXPECT_EQ(store.storedSums(), "1000;250;7;8");
+  addRow(0, "2000", "500");
+  CD113206().recomputeForGood("", 1, 2009, 0);
+  EXPECT_EQ(store.storedSums(), "3000;750;7;8");
+  // Amounts that no kept sum can hold: decimals, a negative one, which does not count, and an empty one.
+  addRow(0, "0,5", "-3");
+  addRow(0, "", "1");
+  CD113206().recomputeForGood("", 1, 2009, 0);
+  EXPECT_EQ(store.storedSums(), "3000,5;751;7;8");
+  store.run("DELETE * FROM DS_FORM_LAMPIRAN");
+  CD113206().recomputeForGood("", 1, 2009, 0);
+  EXPECT_EQ(store.storedSums(), "0;0;7;8");
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(SlipListSums, RecomputedForGoodTellWhatStandsInTheWay) {
+  addRow(0, "satu", "250");
+  list.recomputeForGood("", 1, 2009, 0);
+  EXPECT_EQ(messages.texts(), std::vector<std::string>{"Type mismatch"});
+  EXPECT_EQ(store.storedSums(), "0;0;0;0");
+}
+
 TEST_F(SlipListSums, OfAnEmptyCollectionAreZero) {
   store.run("UPDATE DS_FORM_INDUK SET DAT_FORM = 'n;a;b;1;2009;0;5;6;7;8'");
   list.pGetD113206("", 1, 2009, 0);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,6 +24,16 @@ struct ColumnValue {
   Variant value;
 };
 
+/// Fields of a packed text, such as "1;2009;50": whole numbers without a sign that are summed.
+struct PackedFields {
+  std::string_view column;
+  char separator = ';';
+  /// How many fields a text has; one with more or fewer is not understood.
+  std::size_t count = 0;
+  /// Their places, counted from 0.
+  std::vector<std::size_t> summed;
+};
+
 /// A native handle with its prepared statements: what Connection objects of one thread and one text share.
 ///
 /// A statement's text is read by the dialect once for each shape (the text with its literals taken out); the literals
@@ -38,6 +49,14 @@ class Session {
 
   /// Runs one statement of the Access dialect (no SHAPE; that is the recordset's matter).
   virtual StatementResult run(std::string_view statement) = 0;
+
+  /// The sums of packed fields over the rows that a SELECT COUNT(*) counts, if the session keeps them in step with the
+  /// rows and they are the very figures that adding up the rows gives. Nothing where a field is no whole number, and
+  /// from an engine that keeps no sums: the rows must be read then.
+  virtual std::optional<std::vector<double>> packedSums(std::string_view /*countStatement*/,
+                                                        const PackedFields& /*fields*/) {
+    return std::nullopt;
+  }
 
   /// Adds a row with the given columns, the rest at the store's defaults. Returns its identity.
   virtual std::int64_t insertRow(const BaseTable& table, std::span<const ColumnValue> values) = 0;

@@ -247,6 +247,36 @@ TEST_F(AnswersByHeart, StopBeyondTheLargestExactSumUntilTheRowsAreReadAnew) {
   EXPECT_EQ(ask(question)->cell(0, 0).toDouble(), 1);
 }
 
+TEST_F(AnswersByHeart, SumTheFieldsOfPackedTexts) {
+  const char* rows = "SELECT COUNT(*) AS N FROM DS_FORM_LAMPIRAN WHERE COLLNO = 0";
+  const auto sums = [&](std::string_view column = "DAT_FORM") -> std::string {
+    const sql::Compiled compiled = sql::compile(rows, catalog_, {});
+    sql::Shape shape;
+    sql::readShape(rows, shape);
+    const auto found =
+        sums_.packedSums(rows, compiled, shape.literals, {.column = column, .count = 3, .summed = {1, 2}});
+    return found ? std::to_string(found->at(0)) + "|" + std::to_string(found->at(1)) : "none";
+  };
+  const auto add = [&](const std::string& packed, const std::string& collection = "0") {
+    handle_->execute("INSERT INTO DS_FORM_LAMPIRAN (COLLNO, DAT_FORM) VALUES (" + collection + ", " + packed + ")");
+  };
+  EXPECT_EQ(sums(), "0.000000|0.000000");
+  add("'5;100;20'");
+  add("'x;007;0'");
+  add("'5;3;3'", "1");
+  EXPECT_EQ(sums(), "107.000000|20.000000");
+  EXPECT_EQ(sums("NO_COLUMN"), "none");
+  handle_->execute("UPDATE DS_FORM_LAMPIRAN SET DAT_FORM = '5;1;1' WHERE DAT_FORM = '5;100;20'");
+  EXPECT_EQ(sums(), "8.000000|1.000000");
+  for (const char* packed : {"'1;2'", "'1;2;3;4'", "'1;;3'", "'1;-2;3'", "'1;2,5;3'", "'1;2;1.000'", "'1;2;1E3'",
+                             "'1;2;1234567890123456'", "Null", "5"}) {
+    add(packed);
+    EXPECT_EQ(sums(), "none") << packed;
+    handle_->execute("DELETE FROM DS_FORM_LAMPIRAN WHERE rowid = (SELECT max(rowid) FROM DS_FORM_LAMPIRAN)");
+    EXPECT_EQ(sums(), "8.000000|1.000000") << packed;
+  }
+}
+
 TEST_F(AnswersByHeart, AreRightAfterMoreChangesThanAreFollowed) {
   insert("1");
   ask(question);

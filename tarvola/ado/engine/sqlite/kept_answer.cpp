@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "tarvola/ado/table_rows.h"
@@ -12,10 +13,45 @@
 namespace tarvola::ado::engine::sqlite {
 namespace {
 
-bool isWholeAmount(sqlite3_value* value) {
+using Summed = KeptAnswer::Summed;
+
+std::string_view textOf(sqlite3_value* value) {
+  const auto* const letters = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {letters, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+/// An amount without decimals.
+std::optional<double> wholeAmount(sqlite3_value* value) {
   const int type = sqlite3_value_type(value);
-  if (type == SQLITE_INTEGER) return true;
-  return type == SQLITE_FLOAT && sqlite3_value_double(value) == std::trunc(sqlite3_value_double(value));
+  if (type != SQLITE_INTEGER && type != SQLITE_FLOAT) return std::nullopt;
+  const double amount = sqlite3_value_double(value);
+  return amount == std::trunc(amount) ? std::optional(amount) : std::nullopt;
+}
+
+/// The digits of a field; nothing for a field that holds anything else, or more than a Double holds.
+std::optional<double> digitsOf(std::string_view field) {
+  constexpr std::size_t mostDigits = 15;
+  if (field.empty() || field.size() > mostDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char digit : field) {
+    if (digit < '0' || digit > '9') return std::nullopt;
+    number = number * 10 + (digit - '0');
+  }
+  return static_cast<double>(number);
+}
+
+std::optional<double> packedAmount(sqlite3_value* value, const Summed& summed) {
+  if (sqlite3_value_type(value) != SQLITE_TEXT) return std::nullopt;
+  const std::string_view text = textOf(value);
+  if (std::ranges::count(text, summed.separator) != summed.fieldCount - 1) return std::nullopt;
+  std::size_t begin = 0;
+  for (int field = 0; field < summed.field; ++field) begin = text.find(summed.separator, begin) + 1;
+  return digitsOf(text.substr(begin, text.find(summed.separator, begin) - begin));
+}
+
+/// The amount of a row that can be kept: one that is whole.
+std::optional<double> amountOf(sqlite3_value* value, const Summed& summed) {
+  return summed.field == Summed::wholeValue ? wholeAmount(value) : packedAmount(value, summed);
 }
 
 bool isNumber(sqlite3_value* held, std::int64_t wanted) {
@@ -26,11 +62,10 @@ bool isNumber(sqlite3_value* held, std::int64_t wanted) {
 
 bool isText(sqlite3_value* held, const std::string& wanted, bool ignoresCase) {
   if (sqlite3_value_type(held) != SQLITE_TEXT) return false;
-  const auto* const letters = reinterpret_cast<const char*>(sqlite3_value_text(held));
-  const std::string_view there(letters, static_cast<std::size_t>(sqlite3_value_bytes(held)));
+  const std::string_view there = textOf(held);
   if (!ignoresCase) return there == wanted;
   return there.size() == wanted.size() &&
-         sqlite3_strnicmp(letters, wanted.c_str(), static_cast<int>(wanted.size())) == 0;
+         sqlite3_strnicmp(there.data(), wanted.c_str(), static_cast<int>(wanted.size())) == 0;
 }
 
 }  // namespace
@@ -59,7 +94,7 @@ class KeptAnswer::ChangingRow {
   Read read_;
 };
 
-KeptAnswer::KeptAnswer(std::string table, int columnCount, std::vector<Key> keys, std::vector<int> summed)
+KeptAnswer::KeptAnswer(std::string table, int columnCount, std::vector<Key> keys, std::vector<Summed> summed)
     : table_(std::move(table)),
       columnCount_(columnCount),
       keys_(std::move(keys)),
@@ -80,31 +115,32 @@ bool KeptAnswer::follow(sqlite3* database, int operation) {
 
 /// A Null is not told: a column that was added to the table reads as Null here, whatever its default.
 bool KeptAnswer::move(int sign, const ChangingRow& row) {
-  const bool isTold = std::ranges::all_of(summed_, [&row](int column) {
-    if (column == rowCount) return true;
-    sqlite3_value* const amount = row.value(column);
+  const bool isTold = std::ranges::all_of(summed_, [&row](const Summed& summed) {
+    if (summed.column == Summed::rows) return true;
+    sqlite3_value* const amount = row.value(summed.column);
     return amount != nullptr && sqlite3_value_type(amount) != SQLITE_NULL;
   });
-  if (isTold) move(sign, [&](std::size_t place) { return row.value(summed_[place]); });
+  if (isTold) move(sign, [&](std::size_t place) { return row.value(summed_[place].column); });
   return isTold;
 }
 
-/// Puts a row in (+1) or takes it out (-1); `valueAt` gives the value that a summed column holds.
+/// Puts a row in (+1) or takes it out (-1); `valueAt` gives the value that a part of the answer is summed from.
 template <class ValueAt>
 void KeptAnswer::move(int sign, ValueAt&& valueAt) {
   rows_ += sign;
+  amounts_.assign(summed_.size(), 0);
   double mass = 0;
   for (std::size_t place = 0; place < summed_.size(); ++place) {
-    if (summed_[place] == rowCount) continue;
-    sqlite3_value* const amount = valueAt(place);
-    if (!isWholeAmount(amount)) {
+    if (summed_[place].column == Summed::rows) continue;
+    const auto amount = amountOf(valueAt(place), summed_[place]);
+    if (!amount) {
       oddRows_ += sign;
       return;
     }
-    mass += std::abs(sqlite3_value_double(amount));
+    amounts_[place] = *amount;
+    mass += std::abs(*amount);
   }
-  for (std::size_t place = 0; place < summed_.size(); ++place)
-    if (summed_[place] != rowCount) sums_[place] += sign * sqlite3_value_double(valueAt(place));
+  for (std::size_t place = 0; place < summed_.size(); ++place) sums_[place] += sign * amounts_[place];
   mass_ += sign * mass;
   peak_ = std::max(peak_, mass_);
 }
@@ -113,7 +149,7 @@ RowsPtr KeptAnswer::asRow(const ColumnsPtr& columns) const {
   auto rows = std::make_shared<TableRows>(columns);
   Cell* const row = rows->addRow();
   for (std::size_t place = 0; place < summed_.size(); ++place) {
-    if (summed_[place] == rowCount)
+    if (summed_[place].column == Summed::rows)
       row[place] = Cell::longInteger(static_cast<std::int32_t>(rows_));
     else
       row[place] = rows_ == 0 ? Cell::null() : Cell::number(sums_[place]);

@@ -28,18 +28,25 @@ class KeptAnswer {
     std::string text = {};
     std::int64_t number = 0;
   };
-  /// Stands among the summed columns for the number of rows.
-  static constexpr int rowCount = -1;
+  /// What is summed: the amounts of a column, the whole numbers in one field of its packed texts, or the rows.
+  struct Summed {
+    static constexpr int rows = -1;
+    static constexpr int wholeValue = -1;
+    int column = rows;
+    int field = wholeValue;
+    int fieldCount = 0;
+    char separator = ';';
+  };
   /// Below this every whole number is a Double, and adding them up loses nothing.
   static constexpr double largestExact = 9007199254740992;
 
-  /// An answer over no rows. `columnCount` is the number of columns of the table; `summed` has one for each column of
-  /// the answer.
-  KeptAnswer(std::string table, int columnCount, std::vector<Key> keys, std::vector<int> summed);
+  /// An answer over no rows. `columnCount` is the number of columns of the table; `summed` has one for each part of the
+  /// answer.
+  KeptAnswer(std::string table, int columnCount, std::vector<Key> keys, std::vector<Summed> summed);
 
   [[nodiscard]] const std::string& table() const noexcept { return table_; }
   [[nodiscard]] const std::vector<Key>& keys() const noexcept { return keys_; }
-  [[nodiscard]] const std::vector<int>& summed() const noexcept { return summed_; }
+  [[nodiscard]] const std::vector<Summed>& summed() const noexcept { return summed_; }
 
   /// Puts in the row that a statement stands on; it delivers what the answer sums, in the answer's order.
   void add(sqlite3_stmt* statement);
@@ -50,6 +57,8 @@ class KeptAnswer {
   [[nodiscard]] bool isExact() const noexcept { return oddRows_ == 0 && peak_ < largestExact; }
   /// One row in these columns. A sum over no rows is Null.
   [[nodiscard]] RowsPtr asRow(const ColumnsPtr& columns) const;
+  /// What is summed, in its order; 0 over no rows.
+  [[nodiscard]] const std::vector<double>& sums() const noexcept { return sums_; }
 
  private:
   class ChangingRow;
@@ -61,8 +70,10 @@ class KeptAnswer {
   std::string table_;
   int columnCount_;
   std::vector<Key> keys_;
-  std::vector<int> summed_;
+  std::vector<Summed> summed_;
   std::vector<double> sums_;
+  /// Of the row that moves; kept so that no memory is asked for each time.
+  std::vector<double> amounts_;
   std::int64_t rows_ = 0;
   /// Rows with an amount that is not whole.
   std::int64_t oddRows_ = 0;

@@ -17,6 +17,7 @@ constexpr std::size_t mostAnswers = 64;
 /// So many rows of its table may change before an answer that nobody has asked for again is forgotten.
 constexpr int mostChanges = 1000;
 
+/// The place of a column, the number of columns for an unknown one.
 int columnOf(const sql::Table& table, std::string_view name) {
   const auto found = std::ranges::find(table.columns, name, &Column::name);
   return static_cast<int>(found - table.columns.begin());
@@ -43,9 +44,9 @@ std::optional<bool> ignoresCase(sqlite3* database, const std::string& table, con
 
 std::string selectionOf(const KeptAnswer& answer, const sql::Table& table) {
   std::string text;
-  for (const int column : answer.summed()) {
+  for (const KeptAnswer::Summed& summed : answer.summed()) {
     text += text.empty() ? "SELECT " : ", ";
-    text += column == KeptAnswer::rowCount ? "0" : quoted(nameOf(table, column));
+    text += summed.column == KeptAnswer::Summed::rows ? "0" : quoted(nameOf(table, summed.column));
   }
   text += " FROM " + quoted(table.name);
   const char* between = " WHERE ";
@@ -76,20 +77,53 @@ KeptSums::~KeptSums() {
 
 RowsPtr KeptSums::answer(std::string_view statement, const sql::Compiled& compiled,
                          const std::vector<sql::Literal>& literals) {
+  const sql::KeptQuestion& question = *compiled.keptQuestion;
+  const KeptAnswer* const answer = exactAnswer(std::string(statement), [&] {
+    const sql::Table& table = catalog_.table(question.table);
+    std::vector<KeptAnswer::Summed> summed(question.summed.size());
+    for (std::size_t place = 0; place < summed.size(); ++place)
+      if (!question.summed[place].empty()) summed[place].column = columnOf(table, question.summed[place]);
+    return outline(question, literals, std::move(summed));
+  });
+  return answer == nullptr ? nullptr : answer->asRow(compiled.columns);
+}
+
+std::optional<std::vector<double>> KeptSums::packedSums(std::string_view statement, const sql::Compiled& compiled,
+                                                        const std::vector<sql::Literal>& literals,
+                                                        const PackedFields& fields) {
+  if (!compiled.keptQuestion) return std::nullopt;
+  const sql::Table& table = catalog_.table(compiled.keptQuestion->table);
+  const int column = columnOf(table, fields.column);
+  if (column == static_cast<int>(table.columns.size())) return std::nullopt;
+  std::string name(statement);
+  for (const std::size_t field : fields.summed) (name += fields.separator) += std::to_string(field);
+  const KeptAnswer* const answer = exactAnswer(std::move(name), [&] {
+    std::vector<KeptAnswer::Summed> summed;
+    for (const std::size_t field : fields.summed)
+      summed.push_back({.column = column,
+                        .field = static_cast<int>(field),
+                        .fieldCount = static_cast<int>(fields.count),
+                        .separator = fields.separator});
+    return outline(*compiled.keptQuestion, literals, std::move(summed));
+  });
+  return answer == nullptr ? std::nullopt : std::optional(answer->sums());
+}
+
+template <class Outline>
+const KeptAnswer* KeptSums::exactAnswer(std::string name, Outline&& outlined) {
   if (othersHaveWritten()) clear();
-  const std::string key(statement);
-  auto found = answers_.find(key);
+  auto found = answers_.find(name);
   if (found == answers_.end()) {
-    auto outlined = outline(*compiled.keptQuestion, literals);
-    if (!outlined) return nullptr;
+    std::optional<KeptAnswer> answer = outlined();
+    if (!answer) return nullptr;
     listen();
-    addUpRows(*outlined);
+    addUpRows(*answer);
     if (answers_.size() >= mostAnswers) clear();
-    found = answers_.emplace(key, Kept{.answer = std::move(*outlined)}).first;
+    found = answers_.emplace(std::move(name), Kept{.answer = std::move(*answer)}).first;
   }
   Kept& kept = found->second;
   kept.changesSinceAsked = 0;
-  return kept.answer.isExact() ? kept.answer.asRow(compiled.columns) : nullptr;
+  return kept.answer.isExact() ? &kept.answer : nullptr;
 }
 
 // Begun with the first question, so that who only fills a store or reads it whole never pays for it.
@@ -119,7 +153,8 @@ bool KeptSums::othersHaveWritten() {
 }
 
 std::optional<KeptAnswer> KeptSums::outline(const sql::KeptQuestion& question,
-                                            const std::vector<sql::Literal>& literals) const {
+                                            const std::vector<sql::Literal>& literals,
+                                            std::vector<KeptAnswer::Summed> summed) const {
   const sql::Table& table = catalog_.table(question.table);
   std::vector<KeptAnswer::Key> keys;
   for (const sql::KeptQuestion::Key& wanted : question.keys) {
@@ -127,9 +162,6 @@ std::optional<KeptAnswer> KeptSums::outline(const sql::KeptQuestion& question,
     if (!key) return std::nullopt;
     keys.push_back(std::move(*key));
   }
-  std::vector<int> summed;
-  for (const std::string& column : question.summed)
-    summed.push_back(column.empty() ? KeptAnswer::rowCount : columnOf(table, column));
   return KeptAnswer(table.name, static_cast<int>(table.columns.size()), std::move(keys), std::move(summed));
 }
 

@@ -124,6 +124,14 @@ StatementResult SqliteSession::change(Prepared& shape) {
   return {.rows = nullptr, .recordsAffected = sqlite3_changes64(handle_->get())};
 }
 
+std::optional<std::vector<double>> SqliteSession::packedSums(std::string_view countStatement,
+                                                             const PackedFields& fields) {
+  return withCurrentTables([&] {
+    sql::readShape(countStatement, shape_);
+    return keptSums_.packedSums(countStatement, prepared(countStatement).compiled, shape_.literals, fields);
+  });
+}
+
 std::int64_t SqliteSession::insertRow(const BaseTable& table, std::span<const ColumnValue> values) {
   return withCurrentTables([&] { return rowWriter_.insert(table.name, values); });
 }

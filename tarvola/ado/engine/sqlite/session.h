@@ -25,6 +25,7 @@ class SqliteSession final : public Session {
   explicit SqliteSession(std::unique_ptr<Handle> handle);
 
   StatementResult run(std::string_view statement) override;
+  std::optional<std::vector<double>> packedSums(std::string_view countStatement, const PackedFields& fields) override;
   std::int64_t insertRow(const BaseTable& table, std::span<const ColumnValue> values) override;
   void updateRow(const BaseTable& table, std::int64_t identity, std::span<const ColumnValue> values,
                  std::span<const ColumnValue> expected) override;
