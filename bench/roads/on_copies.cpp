@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "bench/roads/line_file.h"
 #include "bench/roads/statement_replay.h"
 #include "tarvola/tarvola.h"
 
@@ -46,6 +47,23 @@ std::vector<NotedStatement> statementsOf(const std::string& path, const std::fun
   trace.take();
   work();
   return trace.take();
+}
+
+Measurement measureWriting(const std::string& road, const BenchStore& store, std::int64_t count,
+                           const std::string& fileName, const std::function<void()>& work) {
+  const std::vector<NotedStatement> statements = statementsOf(store.path(), work);
+  const std::vector<std::string> lines = linesOf(store.file(fileName));
+  Measurement result{.road = road, .slips = count, .operations = count};
+  takeMedians(
+      result, runsFor(count), [&] { return secondsOfLibrary(store.path(), work); },
+      [&] {
+        StatementReplay reads(store.path(), statements);
+        return seconds([&] {
+          reads.run();
+          writeLines(lines, store.file("floor.csv"));
+        });
+      });
+  return result;
 }
 
 Measurement measureOnCopies(const std::string& road, const BenchStore& store, std::int64_t slips,

@@ -22,6 +22,10 @@ std::vector<NotedStatement> statementsOf(const std::string& path, const std::fun
 double secondsOfLibrary(const std::string& path, const std::function<void()>& work);
 double secondsOfStatements(const std::string& path, const std::vector<NotedStatement>& statements);
 
+/// Measures work that writes a file of the store's folder: by the library, and by its statements and the lines alone.
+Measurement measureWriting(const std::string& road, const BenchStore& store, std::int64_t count,
+                           const std::string& fileName, const std::function<void()>& work);
+
 /// Measures work that changes its store, each run on a fresh copy: by the library, and by its statements alone.
 Measurement measureOnCopies(const std::string& road, const BenchStore& store, std::int64_t slips,
                             const std::function<void()>& work);

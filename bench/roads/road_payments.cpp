@@ -1,9 +1,7 @@
 #include "bench/roads/road_payments.h"
 
-#include "bench/roads/line_file.h"
 #include "bench/roads/on_copies.h"
 #include "bench/roads/payment_maker.h"
-#include "bench/roads/statement_replay.h"
 #include "tarvola/tarvola.h"
 
 namespace tarvola::bench {
@@ -18,20 +16,7 @@ double paymentImportPeakMib(const BenchStore& store, std::int64_t count) {
 }
 
 Measurement measurePaymentExport(const BenchStore& store, std::int64_t count) {
-  const auto work = [&] { exportPayments(store); };
-  const std::vector<NotedStatement> statements = statementsOf(store.path(), work);
-  const std::vector<std::string> lines = linesOf(store.file("payments.csv"));
-  Measurement result{.road = "payments export", .slips = count, .operations = count};
-  takeMedians(
-      result, runsFor(count), [&] { return secondsOfLibrary(store.path(), work); },
-      [&] {
-        StatementReplay reads(store.path(), statements);
-        return seconds([&] {
-          reads.run();
-          writeLines(lines, store.file("floor.csv"));
-        });
-      });
-  return result;
+  return measureWriting("payments export", store, count, "payments.csv", [&] { exportPayments(store); });
 }
 
 void exportPayments(const BenchStore& store) {

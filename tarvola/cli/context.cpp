@@ -57,13 +57,13 @@ std::optional<int> wholeNumber(std::string_view text) {
 
 /// "01/2009", "1/2009" or "2009-01".
 std::optional<MonthAndYear> readPeriod(std::string_view text) {
-  const std::size_t slash = text.find('/');
-  const std::size_t cut = slash == std::string_view::npos ? text.find('-') : slash;
+  const std::size_t cut = text.find_first_of("/-");
   if (cut == std::string_view::npos) return std::nullopt;
   const std::optional<int> first = wholeNumber(text.substr(0, cut));
   const std::optional<int> second = wholeNumber(text.substr(cut + 1));
   if (!first || !second) return std::nullopt;
-  return slash == std::string_view::npos ? MonthAndYear{*second, *first} : MonthAndYear{*first, *second};
+  const bool yearComesFirst = *first > 99;
+  return yearComesFirst ? MonthAndYear{*second, *first} : MonthAndYear{*first, *second};
 }
 
 /// Keeps the store's handle and its prepared statements while the command runs.

@@ -57,7 +57,8 @@ class ReportByOthers : public testing::Test {
     const std::string wide = OtherCiphers().decipher(folder_.read("report"), passwordOfRahasia);
     std::string utf8;
     for (std::size_t at = 0; at + 1 < wide.size(); at += 2) {
-      const unsigned code = static_cast<unsigned char>(wide[at]) | static_cast<unsigned char>(wide[at + 1]) << 8U;
+      const auto byteAt = [&wide](std::size_t place) { return unsigned{static_cast<unsigned char>(wide[place])}; };
+      const unsigned code = byteAt(at) | byteAt(at + 1) << 8U;
       if (code >= 0x800) utf8 += static_cast<char>(0xE0U | (code >> 12U));
       if (code >= 0x800) utf8 += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
       if (code >= 0x80 && code < 0x800) utf8 += static_cast<char>(0xC0U | (code >> 6U));
