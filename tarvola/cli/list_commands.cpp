@@ -117,7 +117,7 @@ RecordsetPtr storedRowsOf(const ShownList& list, const Period& period) {
     select << " ORDER BY NOBUKTI, JENIS";
   else
     select << " AND KD_FORM = " << store::text(list.codes.kdForm) << " AND COLLNO = 0 ORDER BY SEQ";
-  const RecordsetPtr rows = general.pGetRecordDbase(select.str());
+  RecordsetPtr rows = general.pGetRecordDbase(select.str());
   if (rows == nullptr) throw CommandFailure("The rows of " + std::string(list.codes.kdForm) + " could not be read.");
   return rows;
 }
