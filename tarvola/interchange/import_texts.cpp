@@ -6,12 +6,6 @@ namespace tarvola::interchange {
 
 namespace {
 
-std::string quoted(std::string_view value) {
-  constexpr std::size_t longest = 40;
-  const std::string_view shown = Left(value, longest);
-  return "'" + std::string(shown) + (shown.size() < value.size() ? "...'" : "'");
-}
-
 std::string periodText(std::string_view month, std::string_view year, std::string_view correction) {
   std::string text(month);
   return text.append("/").append(year).append(", correction ").append(correction);
@@ -24,6 +18,12 @@ std::string_view shortTitle(Column column) {
 }
 
 }  // namespace
+
+std::string quoted(std::string_view value) {
+  constexpr std::size_t longest = 40;
+  const std::string_view shown = Left(value, longest);
+  return "'" + std::string(shown) + (shown.size() < value.size() ? "...'" : "'");
+}
 
 std::string emptyFileText(std::string_view path) { return std::string(path) + " is empty"; }
 

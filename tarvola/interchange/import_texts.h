@@ -17,6 +17,9 @@ std::string notAnExchangeFileText(std::string_view path);
 std::string utf16Text(std::string_view path);
 std::string noFilerText();
 
+/// A value of a file in quotes, cut behind 40 characters.
+std::string quoted(std::string_view value);
+
 // --- of a line -----------------------------------------------------------------------------------------
 
 std::string lineTooLongForFormText(std::size_t bytes, std::size_t limitBytes);

@@ -1,16 +1,11 @@
 #include "tarvola/interchange/payment_texts.h"
 
+#include "tarvola/interchange/import_texts.h"
 #include "tarvola/runtime/text_forms.h"
 
 namespace tarvola::interchange {
 
 namespace {
-
-std::string quoted(std::string_view value) {
-  constexpr std::size_t longest = 40;
-  const std::string_view shown = Left(value, longest);
-  return "'" + std::string(shown) + (shown.size() < value.size() ? "...'" : "'");
-}
 
 std::string rupiahText(double value) { return Format(value, "#,##0"); }
 
