@@ -118,6 +118,7 @@ BareStore::BareStore(const std::string& path) {
   execute("PRAGMA journal_mode = WAL");
   execute("PRAGMA synchronous = NORMAL");
   execute("PRAGMA temp_store = MEMORY");
+  execute("PRAGMA secure_delete = FAST");
   execute("PRAGMA cache_size = -8192");
   execute("PRAGMA wal_autocheckpoint = 4000");
 }

@@ -51,6 +51,8 @@ class BareStore {
   explicit BareStore(const std::string& path);
   BareStatement prepare(const std::string& text) { return {handle_.get(), text}; }
   void execute(const std::string& text);
+  /// Its statements must be gone.
+  void close() { handle_.reset(); }
 
  private:
   struct Close {

@@ -28,18 +28,17 @@ double seconds(const std::function<void()>& work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-int runsFor(std::int64_t slips) {
-  if (slips <= 1000) return 21;
-  return slips <= 10000 ? 7 : 3;
-}
-
-void takeMedians(Measurement& result, int runs, const std::function<double()>& ours,
-                 const std::function<double()>& floor) {
+void takeMedians(Measurement& result, const std::function<double()>& ours, const std::function<double()>& floor) {
+  constexpr std::size_t fewestRuns = 3;
+  constexpr std::size_t mostRuns = 21;
+  constexpr double enoughSeconds = 10;
   std::vector<double> oursSeconds;
   std::vector<double> floorSeconds;
-  for (int run = 0; run < runs; ++run) {
+  double spent = 0;
+  while (oursSeconds.size() < fewestRuns || (oursSeconds.size() < mostRuns && spent < enoughSeconds)) {
     oursSeconds.push_back(ours());
     floorSeconds.push_back(floor());
+    spent += oursSeconds.back() + floorSeconds.back();
   }
   result.ours = median(std::move(oursSeconds));
   result.floor = median(std::move(floorSeconds));

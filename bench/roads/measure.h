@@ -22,13 +22,9 @@ struct Measurement {
 /// Seconds that the work takes.
 double seconds(const std::function<void()>& work);
 
-/// How often a road over so many slips is run: a short one often enough that its median is no accident.
-int runsFor(std::int64_t slips);
-
 /// Runs ours and the floor in turns, so that whatever else the machine does meets both, and sets the medians of the
-/// seconds that the two give.
-void takeMedians(Measurement& result, int runs, const std::function<double()>& ours,
-                 const std::function<double()>& floor);
+/// seconds that the two give. A short road is run often enough that its median is no accident.
+void takeMedians(Measurement& result, const std::function<double()>& ours, const std::function<double()>& floor);
 
 /// The medians of several measurements of one road.
 Measurement medianOf(const std::vector<Measurement>& runs);

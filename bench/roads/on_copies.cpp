@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 #include "bench/roads/line_file.h"
 #include "bench/roads/statement_replay.h"
@@ -23,13 +25,19 @@ void writeThrough(const std::string& path) {
 
 double secondsOfLibrary(const std::string& path, const std::function<void()>& work) {
   connectTo(path);
-  const CGeneralClass keptOpen;
-  return seconds(work);
+  std::optional<CGeneralClass> keptOpen(std::in_place);
+  return seconds([&] {
+    work();
+    keptOpen.reset();
+  });
 }
 
 double secondsOfStatements(const std::string& path, const std::vector<NotedStatement>& statements) {
   StatementReplay replay(path, statements);
-  return seconds([&] { replay.run(); });
+  return seconds([&] {
+    replay.run();
+    replay.close();
+  });
 }
 
 std::string copyOf(const BenchStore& store, const std::string& name) {
@@ -55,12 +63,13 @@ Measurement measureWriting(const std::string& road, const BenchStore& store, std
   const std::vector<std::string> lines = linesOf(store.file(fileName));
   Measurement result{.road = road, .slips = count, .operations = count};
   takeMedians(
-      result, runsFor(count), [&] { return secondsOfLibrary(store.path(), work); },
+      result, [&] { return secondsOfLibrary(store.path(), work); },
       [&] {
         StatementReplay reads(store.path(), statements);
         return seconds([&] {
           reads.run();
           writeLines(lines, store.file("floor.csv"));
+          reads.close();
         });
       });
   return result;
@@ -71,7 +80,7 @@ Measurement measureOnCopies(const std::string& road, const BenchStore& store, st
   const std::vector<NotedStatement> statements = statementsOf(copyOf(store, "noted"), work);
   Measurement result{.road = road, .slips = slips, .operations = slips};
   takeMedians(
-      result, runsFor(slips), [&] { return secondsOfLibrary(copyOf(store, "ours"), work); },
+      result, [&] { return secondsOfLibrary(copyOf(store, "ours"), work); },
       [&] { return secondsOfStatements(copyOf(store, "floor"), statements); });
   return result;
 }

@@ -24,7 +24,7 @@ Measurement measureRecount(std::int64_t slips) {
   const std::vector<NotedStatement> statements = statementsOf(store.path(), recountOnce);
   Measurement result{.road = "full recount", .slips = slips, .operations = slips};
   takeMedians(
-      result, runsFor(slips), [&] { return secondsOfLibrary(store.path(), recountOnce); },
+      result, [&] { return secondsOfLibrary(store.path(), recountOnce); },
       [&] { return secondsOfStatements(store.path(), statements); });
   return result;
 }

@@ -92,4 +92,9 @@ void StatementReplay::run() {
   for (const Step& step : steps_) prepared_[step.statement].run(step.values);
 }
 
+void StatementReplay::close() {
+  prepared_.clear();
+  store_.close();
+}
+
 }  // namespace tarvola::bench

@@ -17,6 +17,8 @@ class StatementReplay {
   StatementReplay(const std::string& path, const std::vector<NotedStatement>& statements);
 
   void run();
+  /// Closes the store; nothing can be run any more.
+  void close();
 
  private:
   struct Step {

@@ -223,7 +223,7 @@ std::string ReportWriter::compressed(const std::string& path, PlainStage& plain)
 /// The second stage. What the compression says is not looked at: so it stands.
 void ReportWriter::compress(const std::string& path, PlainStage& plain) {
   const std::string text = compressed(path, plain);
-  TextFile file = TextFile::create(path);
+  TextFile file = TextFile::createAnew(path);
   file.WriteBytes(lengthText(plain.lengthBytes()));
   file.WriteBytes(text);
   file.WriteLine("");
@@ -234,7 +234,7 @@ void ReportWriter::compress(const std::string& path, PlainStage& plain) {
 void ReportWriter::encipherFile(const std::string& path, std::string_view secretSource) {
   std::int64_t lengthBytes = 0;
   const std::string text = reader.readBytes(path, lengthBytes);
-  TextFile file = TextFile::create(path);
+  TextFile file = TextFile::createAnew(path);
   encipherAnsi(text, funcHashData(secretSource), random, [&](std::string_view line) { file.WriteLine(line); });
   file.WriteLine("");
   file.Close();

@@ -25,9 +25,13 @@ constexpr FileError fileErrors[] = {
     {.code = ENOMEM, .number = ErrorNumber::OutOfMemory},
 };
 
-/// Opening works byte by byte on a C text, so a path with a null character would name another file.
-FileHandle open(const std::string& path, const char* mode) {
+/// The system reads a C text, so a path with a null character would name another file.
+void requireName(const std::string& path) {
   if (path.find('\0') != std::string::npos) fail(ErrorNumber::BadFileNameOrNumber);
+}
+
+FileHandle open(const std::string& path, const char* mode) {
+  requireName(path);
   FileHandle file(std::fopen(path.c_str(), mode));
   // The callers move whole blocks; a second buffer between would only copy them once more.
   if (file) std::setvbuf(file.get(), nullptr, _IONBF, 0);
@@ -59,6 +63,18 @@ FileHandle openForReading(const std::string& path) {
 FileHandle openForWriting(const std::string& path) {
   FileHandle file = open(path, "wb");
   if (!file) fail(fileError(errno));
+  return file;
+}
+
+FileHandle openInPlaceOf(const std::string& path) {
+  namespace fs = std::filesystem;
+  requireName(path);
+  std::error_code ignored;
+  const fs::file_status old = fs::symlink_status(path, ignored);
+  const bool isDeleted =
+      fs::is_regular_file(old) && fs::hard_link_count(path, ignored) == 1 && fs::remove(path, ignored);
+  FileHandle file = openForWriting(path);
+  if (isDeleted) fs::permissions(path, old.permissions(), ignored);
   return file;
 }
 

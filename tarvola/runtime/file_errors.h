@@ -23,6 +23,10 @@ ErrorNumber fileError(int code) noexcept;
 FileHandle openForReading(const std::string& path);
 /// Makes or empties a file. A missing folder is error 76, what may not be written 70, a folder 75.
 FileHandle openForWriting(const std::string& path);
+/// Makes a file where another of that name was, which is deleted; the new one has its rights. A link, a file with a
+/// second name or a device is emptied instead: deleted, it would keep its contents under the name that stays. Fails as
+/// openForWriting.
+FileHandle openInPlaceOf(const std::string& path);
 
 /// Fills a buffer as far as the file goes and gives the number of bytes. Fails if the file cannot be read on.
 std::size_t readBytes(std::FILE* file, char* to, std::size_t size);

@@ -66,6 +66,9 @@ TextFile& TextFile::operator=(TextFile&&) noexcept = default;
 TextFile::~TextFile() = default;
 
 TextFile TextFile::create(const std::string& path) { return TextFile(std::make_unique<State>(openForWriting(path))); }
+TextFile TextFile::createAnew(const std::string& path) {
+  return TextFile(std::make_unique<State>(openInPlaceOf(path)));
+}
 
 void TextFile::WriteLine(std::string_view text) {
   if (!state_ || !state_->file) fail(ErrorNumber::BadFileNameOrNumber);

@@ -13,6 +13,9 @@ class TextFile {
   /// Makes the file, replacing one of that name. A folder that does not exist is error 76 "Path not found"; a file that
   /// may not be written 70 "Permission denied".
   static TextFile create(const std::string& path);
+  /// The same where the file of that name is the caller's own: it is deleted first, which spares the system from
+  /// bringing to the disk what nobody will read. A link, a file with a second name or a device is emptied.
+  static TextFile createAnew(const std::string& path);
 
   TextFile(TextFile&&) noexcept;
   TextFile& operator=(TextFile&&) noexcept;

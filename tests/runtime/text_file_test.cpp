@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <thread>
 
 #include "tests/runtime/failures.h"
@@ -68,6 +69,44 @@ TEST_F(TextFiles, ReplaceAFileOfTheSameName) {
   file.WriteLine("new");
   file.Close();
   EXPECT_EQ(readFile(name), "new\r\n");
+}
+
+TEST_F(TextFiles, TakeThePlaceOfAFileThatIsDeleted) {
+  namespace fs = std::filesystem;
+  const std::string name = fileOf("old and longer than the new one");
+  fs::permissions(name, fs::perms::owner_read | fs::perms::owner_write);
+  const auto reader = std::ifstream(name);
+  TextFile file = TextFile::createAnew(name);
+  file.WriteLine("new");
+  file.Close();
+  EXPECT_EQ(readFile(name), "new\r\n");
+  EXPECT_EQ(fs::status(name).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  std::ostringstream old;
+  old << reader.rdbuf();
+  EXPECT_EQ(old.str(), "old and longer than the new one") << "whoever reads the old file reads on in it";
+}
+
+TEST_F(TextFiles, AreEmptiedInsteadWhereAnotherNameWouldKeepTheOldContents) {
+  const std::string name = fileOf("old");
+  const auto writeThrough = [](const std::string& path) {
+    TextFile file = TextFile::createAnew(path);
+    file.WriteLine("new");
+    file.Close();
+  };
+  std::filesystem::create_symlink(name, path("link"));
+  writeThrough(path("link"));
+  EXPECT_EQ(readFile(name), "new\r\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
+  std::ofstream(name) << "old";
+  std::filesystem::create_hard_link(name, path("second"));
+  writeThrough(path("second"));
+  EXPECT_EQ(readFile(name), "new\r\n");
+}
+
+TEST_F(TextFiles, DeleteNoFileWhoseNameIsCutAtANullCharacter) {
+  const std::string name = fileOf("kept");
+  EXPECT_EQ(failureOf([&] { TextFile::createAnew(name + std::string(1, '\0') + "x"); }), 52);
+  EXPECT_EQ(readFile(name), "kept");
 }
 
 TEST_F(TextFiles, KeepWhatWasWrittenWhenDroppedWithoutClosing) {
