@@ -19,11 +19,6 @@ namespace {
 
 // --- import ------------------------------------------------------------------------------------------
 
-struct ImportOptions {
-  std::string file;
-  std::string rejects;
-};
-
 nlohmann::ordered_json asJson(const SlipFileImportResult& result, const std::string& rejects) {
   nlohmann::ordered_json all = countsAsJson(result);
   all["selfPaidStored"] = result.selfPaidStored;
@@ -41,22 +36,13 @@ void requireRebuilt(const SlipFileImportResult& result) {
 }
 
 int importFile(const ImportOptions& options, const Context& context) {
-  context.connect();
-  const Period period = context.period();
-  requireInputFile(options.file, "the exchange file");
-  const std::string rejects = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects;
+  const FileImport order = orderOf(options, "the exchange file", context);
   const ProgressLine progress;
-  const SlipFileImportResult result = takenFile("export", [&] {
-    return importSlipFile({.path = options.file,
-                           .month = period.month,
-                           .year = period.year,
-                           .correction = period.correction,
-                           .rejectPath = rejects});
-  });
+  const SlipFileImportResult result = takenFile("export", [&] { return importSlipFile(order); });
   if (context.json)
-    context.out << asJson(result, rejects).dump(2) << '\n';
+    context.out << asJson(result, order.rejectPath).dump(2) << '\n';
   else
-    printAccount(result, "import of " + period.text(), rejects, context);
+    printAccount(result, "import of " + context.period().text(), order.rejectPath, context);
   if (result.likeUtf8 > 0)
     context.err << grouped(result.likeUtf8) << (result.likeUtf8 == 1 ? " line looks" : " lines look")
                 << " like UTF-8 in a file that does not say so: check the names in them.\n";
@@ -123,10 +109,7 @@ void addExchangeCommands(CLI::App& app, Context& context, int& exitCode) {
   auto importing = std::make_shared<ImportOptions>();
   CLI::App* importCommand = app.add_subcommand("import", "Take a slip exchange file into a return");
   importCommand->group(groups::exchange);
-  importCommand->add_option("FILE", importing->file, "The exchange file")->required();
-  importCommand->add_option("--rejects", importing->rejects,
-                            "Where refused lines go (beside the file as FILE.rejected.csv)");
-  addPeriodOptions(*importCommand, context);
+  addImportOptions(*importCommand, *importing, "The exchange file", context);
   importCommand->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context); });
 
   auto exporting = std::make_shared<ExportOptions>();

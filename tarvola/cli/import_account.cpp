@@ -1,14 +1,22 @@
 #include "tarvola/cli/import_account.h"
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <ostream>
 
+#include "tarvola/cli/files.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/runtime/text_forms.h"
 
 namespace tarvola::cli {
 
 namespace {
+
+/// Where refused lines go if nobody says: beside the file, "month.csv" to "month.rejected.csv".
+std::string rejectsBeside(const std::string& file) {
+  const std::filesystem::path path(file);
+  return (path.parent_path() / (path.stem().string() + ".rejected" + path.extension().string())).string();
+}
 
 void printRefused(const ImportAccount& account, const std::string& rejects, std::ostream& err) {
   constexpr std::size_t most = 20;
@@ -20,15 +28,27 @@ void printRefused(const ImportAccount& account, const std::string& rejects, std:
 
 }  // namespace
 
+void addImportOptions(CLI::App& command, ImportOptions& options, const char* what, Context& context) {
+  command.add_option("FILE", options.file, what)->required();
+  command.add_option("--rejects", options.rejects, "Where refused lines go (beside the file as FILE.rejected.csv)");
+  addPeriodOptions(command, context);
+}
+
+FileImport orderOf(const ImportOptions& options, const char* what, const Context& context) {
+  context.connect();
+  const Period period = context.period();
+  requireInputFile(options.file, what);
+  return {.path = options.file,
+          .month = period.month,
+          .year = period.year,
+          .correction = period.correction,
+          .rejectPath = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects};
+}
+
 std::string grouped(std::uint64_t value) { return Format(static_cast<double>(value), "#,##0"); }
 
 std::string counted(std::uint64_t count, const char* one, const char* many) {
   return grouped(count) + ' ' + (count == 1 ? one : many);
-}
-
-std::string rejectsBeside(const std::string& file) {
-  const std::filesystem::path path(file);
-  return (path.parent_path() / (path.stem().string() + ".rejected" + path.extension().string())).string();
 }
 
 void printAccount(const ImportAccount& account, const std::string& title, const std::string& rejects,

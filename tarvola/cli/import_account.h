@@ -9,16 +9,24 @@
 #include "tarvola/interchange/import_account.h"
 #include "tarvola/runtime/errors.h"
 
-/// How an import tells what became of every line.
+/// What the imports have in common: the order, and how it is told what became of every line.
 namespace tarvola::cli {
+
+/// What the command line says of an import.
+struct ImportOptions {
+  std::string file;
+  std::string rejects;
+};
+
+/// The file, the place of refused lines and the period. `what` names the file in the help: "The payment file".
+void addImportOptions(CLI::App& command, ImportOptions& options, const char* what, Context& context);
+/// Connects to the store and makes the order. Fails for a file that is none, naming `what` to name: "the payment file".
+FileImport orderOf(const ImportOptions& options, const char* what, const Context& context);
 
 /// A count as people read it.
 std::string grouped(std::uint64_t value);
 /// "1 payment", "2.000 payments".
 std::string counted(std::uint64_t count, const char* one, const char* many);
-
-/// Where refused lines go if nobody says: beside the file, "month.csv" to "month.rejected.csv".
-std::string rejectsBeside(const std::string& file);
 
 /// The account as a table, and behind it on standard error the refused lines.
 void printAccount(const ImportAccount& account, const std::string& title, const std::string& rejects,

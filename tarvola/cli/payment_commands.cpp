@@ -197,11 +197,6 @@ void listRecords(const Context& context) {
 
 // --- import ------------------------------------------------------------------------------------------------
 
-struct ImportOptions {
-  std::string file;
-  std::string rejects;
-};
-
 /// The count of payment records is kept by the latest return of a month alone.
 void countIntoReturn(const Period& period, const Context& context) {
   const Messages messages;
@@ -225,23 +220,15 @@ Json asJson(const PaymentFileImportResult& result, const std::string& rejects) {
 }
 
 int importFile(const ImportOptions& options, const Context& context) {
-  context.connect();
+  const FileImport order = orderOf(options, "the payment file", context);
   const Period period = context.period();
   requireReturn(period);
-  requireInputFile(options.file, "the payment file");
-  const std::string rejects = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects;
   const ProgressLine progress;
-  const PaymentFileImportResult result = takenFile("payments export", [&] {
-    return importPaymentFile({.path = options.file,
-                              .month = period.month,
-                              .year = period.year,
-                              .correction = period.correction,
-                              .rejectPath = rejects});
-  });
+  const PaymentFileImportResult result = takenFile("payments export", [&] { return importPaymentFile(order); });
   if (context.json)
-    context.out << asJson(result, rejects).dump(2) << '\n';
+    context.out << asJson(result, order.rejectPath).dump(2) << '\n';
   else
-    printAccount(result, "payments of " + period.text(), rejects, context);
+    printAccount(result, "payments of " + period.text(), order.rejectPath, context);
   if (result.unnumberedStored > 0)
     context.err << "Note: stored payments without a number (sixteen zeros): " << grouped(result.unnumberedStored)
                 << ". They are known by all that they say, so check their count.\n";
@@ -345,25 +332,22 @@ void addPaymentCommands(CLI::App& app, Context& context, int& exitCode) {
                         ->require_subcommand(1);
 
   auto importing = std::make_shared<ImportOptions>();
-  CLI::App* import = group->add_subcommand("import", "Take a payment file into a return");
-  import->add_option("FILE", importing->file, "The payment file")->required();
-  import->add_option("--rejects", importing->rejects, "Where refused lines go (beside the file as FILE.rejected.csv)");
-  addPeriodOptions(*import, context);
-  import->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context);
-});
+  CLI::App* importCommand = group->add_subcommand("import", "Take a payment file into a return");
+  addImportOptions(*importCommand, *importing, "The payment file", context);
+  importCommand->callback([importing, &context, &exitCode] { exitCode = importFile(*importing, context); });
 
-auto exporting = std::make_shared<ExportOptions>();
-CLI::App* exportCommand = group->add_subcommand("export", "Write payments and transfers to a payment file");
-exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
-exportCommand->add_flag("--ssp", exporting->onlyPayments, "Payments alone");
-exportCommand->add_flag("--pbk", exporting->onlyTransfers, "Transfers alone, six columns");
-exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
-addPeriodOptions(*exportCommand, context);
-exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
+  auto exporting = std::make_shared<ExportOptions>();
+  CLI::App* exportCommand = group->add_subcommand("export", "Write payments and transfers to a payment file");
+  exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
+  exportCommand->add_flag("--ssp", exporting->onlyPayments, "Payments alone");
+  exportCommand->add_flag("--pbk", exporting->onlyTransfers, "Transfers alone, six columns");
+  exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
+  addPeriodOptions(*exportCommand, context);
+  exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
 
-CLI::App* list = group->add_subcommand("list", "Show payments and transfers beside the tax of the return");
-addPeriodOptions(*list, context);
-list->callback([&context] { listRecords(context); });
-}  // namespace tarvola::cli
+  CLI::App* list = group->add_subcommand("list", "Show payments and transfers beside the tax of the return");
+  addPeriodOptions(*list, context);
+  list->callback([&context] { listRecords(context); });
+}
 
 }  // namespace tarvola::cli

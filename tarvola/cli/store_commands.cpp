@@ -39,13 +39,13 @@ constexpr std::array profileFields = {
     ProfileField{"phone", &FilerProfile::phone, "Telephone"},
     ProfileField{"fax", &FilerProfile::fax, "Fax"},
     ProfileField{"mail", &FilerProfile::mail, "E-mail"},
-    ProfileField{"signer-npwp", &FilerProfile::NPWP_TTD_TRV, "NPWP of who signs the return"},
-    ProfileField{"signer-name", &FilerProfile::Nm_TTD_TRV, "Name of who signs the return"},
-    ProfileField{"attorney-npwp", &FilerProfile::NPWP_KU_TTD_TRV, "NPWP of who signs under a power of attorney"},
-    ProfileField{"attorney-name", &FilerProfile::NM_KU_TTD_TRV, "Name of who signs under a power of attorney"},
-    ProfileField{"slip-signer-office", &FilerProfile::JABATAN_TTD_BP, "Office of who signs the slips"},
-    ProfileField{"slip-signer-name", &FilerProfile::NM_TTD_BP, "Name of who signs the slips"},
-    ProfileField{"tax-office", &FilerProfile::NKKPP, "The tax office (KPP)"}};
+    ProfileField{"signer-npwp", &FilerProfile::signerNpwp, "NPWP of who signs the return"},
+    ProfileField{"signer-name", &FilerProfile::signerName, "Name of who signs the return"},
+    ProfileField{"attorney-npwp", &FilerProfile::attorneyNpwp, "NPWP of who signs under a power of attorney"},
+    ProfileField{"attorney-name", &FilerProfile::attorneyName, "Name of who signs under a power of attorney"},
+    ProfileField{"slip-signer-office", &FilerProfile::slipSignerOffice, "Office of who signs the slips"},
+    ProfileField{"slip-signer-name", &FilerProfile::slipSignerName, "Name of who signs the slips"},
+    ProfileField{"tax-office", &FilerProfile::taxOffice, "The tax office (KPP)"}};
 
 struct CreateOptions {
   std::string path;

@@ -8,6 +8,17 @@
 
 namespace tarvola {
 
+/// A file that is to be imported into one return.
+struct FileImport {
+  std::string path = {};
+  std::int16_t month = 0;
+  std::int16_t year = 0;
+  /// 0 is the first filing.
+  std::int16_t correction = 0;
+  /// Where refused lines go; "" for nowhere. An existing file is replaced once there are any; it may be `path` itself.
+  std::string rejectPath = {};
+};
+
 /// A line that was not taken, by its number in the file (from 1, the header included), and why.
 struct RefusedLine {
   std::uint64_t lineNumber = 0;

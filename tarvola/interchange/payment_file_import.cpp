@@ -112,7 +112,7 @@ void requireReadable(const std::string& path) {
 
 }  // namespace
 
-PaymentFileImportResult importPaymentFile(const PaymentFileImport& order) {
+PaymentFileImportResult importPaymentFile(const FileImport& order) {
   const store::StoreObject store(store::StartUpWording::Description, store::StartUpConverter::None);
   store::FilerHeader filer = trimmedFiler(store);
   if (filer.npwp.empty()) fail(ErrorNumber::InvalidProcedureCall, noFilerText());

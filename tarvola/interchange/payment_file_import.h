@@ -7,17 +7,7 @@
 
 namespace tarvola {
 
-/// What is to be imported: a file of payments and transfers into one return.
-struct PaymentFileImport {
-  std::string path = {};
-  std::int16_t month = 0;
-  std::int16_t year = 0;
-  /// 0 is the first filing. Payments belong to it, transfers to the month.
-  std::int16_t correction = 0;
-  /// Where refused lines go; "" for nowhere. An existing file is replaced once there are any; it may be `path` itself.
-  std::string rejectPath = {};
-};
-
+/// What became of every line.
 struct PaymentFileImportResult : ImportAccount {
   /// Of the stored lines, those of payments without a number (sixteen zeros). Nothing tells two of them apart that say
   /// the same: compare this number with what you expect.
@@ -26,7 +16,8 @@ struct PaymentFileImportResult : ImportAccount {
 
 /// Imports a file of pEksporSSPPBK, pEksporSSP or pEksporPBK, writing the same rows as CImporSSPPBK::pImporSSPPBK, and
 /// accounts for every line. The thread's connection settings must have been given to pSetCon, and the store must name
-/// its filer. The main return is not touched: see CImporSSPPBK::pUpdateTRVPPh4_2009.
+/// its filer. Payments belong to the correction that is named, transfers to the month. The main return is not touched:
+/// see CImporSSPPBK::pUpdateTRVPPh4_2009.
 ///
 /// A line is refused, with its number and reason, if it is neither payment nor transfer of article 4, has another
 /// number of columns or another period, a day that is none, an amount that is no whole number of rupiah, an account or
@@ -43,6 +34,6 @@ struct PaymentFileImportResult : ImportAccount {
 /// Fails with a RunTimeError, before anything is written, for a file that cannot be read to its end, is empty or is no
 /// payment file, for a place of refused lines that cannot be written, and for a store without a filer. Reports
 /// progress.
-PaymentFileImportResult importPaymentFile(const PaymentFileImport& order);
+PaymentFileImportResult importPaymentFile(const FileImport& order);
 
 }  // namespace tarvola

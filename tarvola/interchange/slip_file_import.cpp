@@ -31,7 +31,7 @@ LineOutcome importLine(std::span<const std::string_view> columns, AccountedImpor
 
 }  // namespace
 
-SlipFileImportResult importSlipFile(const SlipFileImport& order) {
+SlipFileImportResult importSlipFile(const FileImport& order) {
   const Period period{order.month, order.year, order.correction};
   const store::StoreObject store;
   const store::FilerHeader filer = interchange::readFiler(store);

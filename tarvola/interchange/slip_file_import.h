@@ -8,17 +8,6 @@
 
 namespace tarvola {
 
-/// What is to be imported: a slip export file into one period.
-struct SlipFileImport {
-  std::string path = {};
-  std::int16_t month = 0;
-  std::int16_t year = 0;
-  /// 0 is the first filing.
-  std::int16_t correction = 0;
-  /// Where refused lines go; "" for nowhere. An existing file is replaced once there are any; it may be `path` itself.
-  std::string rejectPath = {};
-};
-
 /// What became of every line, and of the return behind them.
 struct SlipFileImportResult : ImportAccount {
   /// Of the stored lines, those of self-paid forms. A form that is in two files, or was entered by hand and is
@@ -30,8 +19,9 @@ struct SlipFileImportResult : ImportAccount {
   std::vector<std::string> rebuildWarnings;
 };
 
-/// Imports a file line by line through the same road as CImporBP::pImporPPh4, accounts for every line, and rebuilds
-/// the return. The thread's connection settings must have been given to pSetCon, and the store must name its filer.
+/// Imports a slip export file line by line through the same road as CImporBP::pImporPPh4, accounts for every line, and
+/// rebuilds the return. The thread's connection settings must have been given to pSetCon, and the store must name its
+/// filer.
 ///
 /// Nothing of a line is written unless all of it can be. A line is refused, with its number and reason, if it has
 /// another number of columns than the form needs, an unknown form code, another period than the one asked for, an
@@ -48,6 +38,6 @@ struct SlipFileImportResult : ImportAccount {
 ///
 /// Fails with a RunTimeError, before anything is written, for a file that cannot be read, is empty or is no slip export
 /// file, for a place of refused lines that cannot be written, and for a store without a filer. Reports progress.
-SlipFileImportResult importSlipFile(const SlipFileImport& order);
+SlipFileImportResult importSlipFile(const FileImport& order);
 
 }  // namespace tarvola

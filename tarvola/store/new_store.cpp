@@ -29,13 +29,13 @@ constexpr std::array profileColumns{
     ProfileColumn{"TELEPON", &FilerProfile::phone},
     ProfileColumn{"FAX", &FilerProfile::fax},
     ProfileColumn{"EMAIL", &FilerProfile::mail},
-    ProfileColumn{"NPWP_TTD_TRV", &FilerProfile::NPWP_TTD_TRV},
-    ProfileColumn{"Nm_TTD_TRV", &FilerProfile::Nm_TTD_TRV},
-    ProfileColumn{"NPWP_KU_TTD_TRV", &FilerProfile::NPWP_KU_TTD_TRV},
-    ProfileColumn{"NM_KU_TTD_TRV", &FilerProfile::NM_KU_TTD_TRV},
-    ProfileColumn{"JABATAN_TTD_BP", &FilerProfile::JABATAN_TTD_BP},
-    ProfileColumn{"NM_TTD_BP", &FilerProfile::NM_TTD_BP},
-    ProfileColumn{"NKKPP", &FilerProfile::NKKPP},
+    ProfileColumn{"NPWP_TTD_TRV", &FilerProfile::signerNpwp},
+    ProfileColumn{"Nm_TTD_TRV", &FilerProfile::signerName},
+    ProfileColumn{"NPWP_KU_TTD_TRV", &FilerProfile::attorneyNpwp},
+    ProfileColumn{"NM_KU_TTD_TRV", &FilerProfile::attorneyName},
+    ProfileColumn{"JABATAN_TTD_BP", &FilerProfile::slipSignerOffice},
+    ProfileColumn{"NM_TTD_BP", &FilerProfile::slipSignerName},
+    ProfileColumn{"NKKPP", &FilerProfile::taxOffice},
 };
 
 TableContent profileContent(const FilerProfile& profile) {

@@ -15,13 +15,13 @@ struct FilerProfile {
   std::string phone;
   std::string fax;
   std::string mail;
-  std::string NPWP_TTD_TRV;  ///< who signs the return
-  std::string Nm_TTD_TRV;
-  std::string NPWP_KU_TTD_TRV;  ///< who signs for the filer under a power of attorney
-  std::string NM_KU_TTD_TRV;
-  std::string JABATAN_TTD_BP;  ///< office and name of who signs the slips
-  std::string NM_TTD_BP;
-  std::string NKKPP;  ///< the tax office
+  std::string signerNpwp;  ///< who signs the return
+  std::string signerName;
+  std::string attorneyNpwp;  ///< who signs for the filer under a power of attorney
+  std::string attorneyName;
+  std::string slipSignerOffice;  ///< who signs the slips
+  std::string slipSignerName;
+  std::string taxOffice;  ///< the tax office
 };
 
 /// Makes a store: a file with all tables, their indexes, the rows that a store is delivered with (default rates,

@@ -4,22 +4,15 @@
 // save, a sum of the list stops at 0, and a number of digits may be taken for another form's. Each of these has a test
 // of its own.
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <random>
 
 #include "tests/selfpaid/self_paid_store.h"
+#include "tests/support/random_walk.h"
 
 namespace tarvola::test {
 namespace {
 
-/// A seed that a failing run prints and that TARVOLA_SEED sets.
-unsigned seedOfThisRun() {
-  const char* given = std::getenv("TARVOLA_SEED");
-  return given != nullptr ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-}
-
-using Random = std::mt19937;
 using Rupiah = std::int64_t;
 
 template <class Number>

@@ -18,13 +18,13 @@ inline FilerProfile filerOfTests() {
           .phone = "021-3500001",
           .fax = "021-3500002",
           .mail = "pajak@contoh.co.id",
-          .NPWP_TTD_TRV = "021832415000000",
-          .Nm_TTD_TRV = "Budi Santoso",
-          .NPWP_KU_TTD_TRV = "",
-          .NM_KU_TTD_TRV = "",
-          .JABATAN_TTD_BP = "Kepala Bagian Pajak",
-          .NM_TTD_BP = "Siti Rahma",
-          .NKKPP = "091"};
+          .signerNpwp = "021832415000000",
+          .signerName = "Budi Santoso",
+          .attorneyNpwp = "",
+          .attorneyName = "",
+          .slipSignerOffice = "Kepala Bagian Pajak",
+          .slipSignerName = "Siti Rahma",
+          .taxOffice = "091"};
 }
 
 /// A new store as it is delivered, in a folder of its own.
