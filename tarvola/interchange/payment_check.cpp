@@ -166,6 +166,7 @@ std::vector<std::string> paymentColumns(std::span<const std::string_view> cells)
 }
 
 std::string faultOfPayment(Columns columns, const store::Period& wanted) {
+  if (columns.size() == 1) return noSeparatorText();
   const std::string_view kind = columns.empty() ? std::string_view() : columns.front();
   if (kind == kindOf(paymentWord)) return faultOfSsp(columns, wanted);
   if (kind == kindOf(transferWord)) return faultOfPbk(columns, wanted);

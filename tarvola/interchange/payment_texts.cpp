@@ -21,6 +21,8 @@ std::string paymentColumnCountText(std::size_t count, std::string_view expected)
          std::string(expected) + " are expected";
 }
 
+std::string noSeparatorText() { return paymentColumnCountText(1, "9") + "; columns are separated by ';'"; }
+
 std::string notEmptyColumnsText() {
   return "a transfer of 9 columns has nothing in the columns 4 (correction), 8 and 9 (codes)";
 }

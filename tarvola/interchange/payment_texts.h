@@ -12,6 +12,8 @@ namespace tarvola::interchange {
 std::string notAPaymentFileText(std::string_view path);
 
 std::string paymentColumnCountText(std::size_t count, std::string_view expected);
+/// Of a line without a single separator, as programs write it that part columns with commas or tabs.
+std::string noSeparatorText();
 /// Of a transfer of nine columns.
 std::string notEmptyColumnsText();
 std::string otherRecordText(std::string_view found, std::string_view payment, std::string_view transfer);
