@@ -4,6 +4,7 @@
 
 #include "tarvola/interchange/line_writer.h"
 #include "tarvola/interchange/store_lock.h"
+#include "tarvola/runtime/text_forms.h"
 #include "tarvola/store/module_state.h"
 #include "tarvola/store/return_removal.h"
 
@@ -13,6 +14,11 @@ namespace {
 
 using store::Period;
 using store::taxKind;
+
+/// The filer's number without blanks around, as an import stores it in a transfer.
+std::string numberOfFiler(const store::StoreObject& store) {
+  return std::string(Trim(interchange::readFiler(store).npwp));
+}
 
 ReturnRemoval look(const store::StoreObject& store, std::string_view npwp, const Period& period) {
   const auto& [month, year, correction] = period;
@@ -27,14 +33,14 @@ ReturnRemoval look(const store::StoreObject& store, std::string_view npwp, const
 
 ReturnRemoval whatRemovalTakes(std::int16_t month, std::int16_t year, std::int16_t correction) {
   const store::StoreObject store;
-  return look(store, interchange::readFiler(store).npwp, {month, year, correction});
+  return look(store, numberOfFiler(store), {month, year, correction});
 }
 
 ReturnRemoval removeReturn(std::int16_t month, std::int16_t year, std::int16_t correction) {
   const store::StoreObject store;
   interchange::StoreLock lock(moduleState().sDSN);
   const std::lock_guard held(lock);
-  const std::string npwp = interchange::readFiler(store).npwp;
+  const std::string npwp = numberOfFiler(store);
   const Period period{month, year, correction};
   const ReturnRemoval taken = look(store, npwp, period);
   if (correction == 0) {

@@ -1,5 +1,6 @@
 #include "tarvola/interchange/remove_return.h"
 
+#include "tarvola/interchange/CImporSSPPBK.h"
 #include "tarvola/interchange/correct_return.h"
 #include "tarvola/runtime/errors.h"
 #include "tests/interchange/month_store.h"
@@ -67,6 +68,17 @@ TEST(RemovedReturn, TakesThePaymentsOfAllCorrectionsWithTheFirstFiling) {
   EXPECT_EQ(taken.payments, 4);
   EXPECT_EQ(taken.transfers, 1);
   EXPECT_EQ(store::contentsOf(store::StoreObject(), {1, 2009, 1}).slips, 3);
+}
+
+// An import stores a transfer under the filer's number without the blanks that PROFILE may have around it.
+TEST(RemovedReturn, TakesTheTransfersAlsoWhereTheNumberOfTheFilerHasBlanksAround) {
+  MonthStore month;
+  month.run("UPDATE PROFILE SET NPWP = ' 013121660091000 '");
+  CImporSSPPBK().pImporSSPPBK(arrayOf("PBK4;1;2009;PBK-0001/2009;15/02/2009;250000"), 1, 2009, 0);
+  ASSERT_THAT(month.rows("SELECT NPWPTertuju FROM datPBKPPhMasa"), testing::ElementsAre("013121660091000"));
+  EXPECT_EQ(whatRemovalTakes(1, 2009, 0).transfers, 1);
+  EXPECT_EQ(removeReturn(1, 2009, 0).transfers, 1);
+  EXPECT_THAT(month.rows("SELECT * FROM datPBKPPhMasa"), IsEmpty());
 }
 
 TEST(RemovalThatIsLookedAt, ChangesNothing) {
