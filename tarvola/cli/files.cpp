@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "tarvola/cli/failure.h"
+#include "tarvola/store/store_file.h"
 
 namespace tarvola::cli {
 
@@ -29,10 +30,13 @@ std::string realPath(const std::string& path) {
 }
 
 void requireReplaceable(const std::string& path, bool force) {
+  if (path.empty()) throw CommandFailure("The name of the file is empty.\nGive one.");
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (!fs::exists(status)) return;
   if (fs::is_directory(status)) throw CommandFailure(path + " is a folder.\nGive the name of a file.");
+  if (store::isStoreFile(path))
+    throw CommandFailure(path + " is a store, and all that it holds would be lost.\nGive another name.");
   if (!fs::is_regular_file(status))
     throw CommandFailure(path +
                          " is no ordinary file, and could not be put in its place as a whole.\nGive another name.");
@@ -69,17 +73,21 @@ int syncFile(const std::string& path) {
 }  // namespace
 
 void requireInputFile(const std::string& path, const char* what) {
+  if (path.empty()) throw CommandFailure("The name of the file is empty.\nName " + std::string(what) + ".");
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (!fs::exists(status)) throw CommandFailure("There is no file " + path + ".\nName " + what + ".");
   if (fs::is_directory(status)) throw CommandFailure(path + " is a folder, not a file.\nName " + what + ".");
 }
 
+std::string missingFolderRemedy(const std::string& path) {
+  return "There is no folder " + fs::path(path).parent_path().string() + ".\nMake it, or name another place.";
+}
+
 void requireFolder(const std::string& path) {
   const fs::path folder = fs::path(path).parent_path();
   std::error_code error;
-  if (!folder.empty() && !fs::is_directory(folder, error))
-    throw CommandFailure("There is no folder " + folder.string() + ".\nMake it, or name another place.");
+  if (!folder.empty() && !fs::is_directory(folder, error)) throw CommandFailure(missingFolderRemedy(path));
 }
 
 FinishedFile::FinishedFile(const std::string& path, bool force)

@@ -13,7 +13,7 @@ void requireInputFile(const std::string& path, const char* what);
 class FinishedFile {
  public:
   /// Fails if the place cannot take a file: the name belongs to a folder or a device, or, unless `force` is given, to a
-  /// file that exists. Whether its folder exists is not asked.
+  /// file that exists; a store is never replaced. Whether its folder exists is not asked.
   FinishedFile(const std::string& path, bool force);
   /// Takes away what was written unless finish was called.
   ~FinishedFile();
@@ -30,8 +30,8 @@ class FinishedFile {
   std::string partPath_;
 };
 
-/// What to do about a folder that does not exist.
-inline constexpr const char* missingFolderRemedy = "Make the folder, or name another place.";
+/// Of a file that is to be written: that its folder does not exist, and what to do about it.
+std::string missingFolderRemedy(const std::string& path);
 /// Fails unless the folder of a file that is to be written exists.
 void requireFolder(const std::string& path);
 

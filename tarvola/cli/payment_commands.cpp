@@ -255,7 +255,7 @@ void writeRecords(const ExportOptions& options, const Period& period, const std:
   const Messages messages;
   (CEksporSSPPBK().*write)(npwp, store::taxArticle, period.month, period.year, path, period.correction);
   messages.throwIfAny();
-  messages.throwIfNotified(missingFolderRemedy);
+  messages.throwIfNotified(missingFolderRemedy(path));
 }
 
 struct ExportedCounts {

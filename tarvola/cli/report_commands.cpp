@@ -215,7 +215,7 @@ void writeReport(const ReportRequest& request, const std::string& path, const st
                                     request.correction, path, request.status, readFiler().npwp, request.dJmlNKLB,
                                     CStr(std::int32_t{request.paymentsCorrection}), secret, request.updateDate);
   messages.throwIfAny();
-  if (!std::filesystem::exists(path)) messages.throwIfNotified(missingFolderRemedy);
+  if (!std::filesystem::exists(path)) messages.throwIfNotified(missingFolderRemedy(path));
 }
 
 /// Reads the file back before it is put in its place: what the tax office will read must be what the store says.

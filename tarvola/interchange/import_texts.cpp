@@ -17,6 +17,10 @@ std::string_view shortTitle(Column column) {
   return Trim(title.substr(0, title.find('/')));
 }
 
+std::string noPlaceForRefusedLines(std::string_view path) {
+  return "Refused lines cannot be written to " + std::string(path) + ": ";
+}
+
 }  // namespace
 
 std::string quoted(std::string_view value) {
@@ -36,6 +40,23 @@ std::string utf16Text(std::string_view path) {
 }
 
 std::string noFilerText() { return "The store names no filer: the table PROFILE is empty"; }
+
+std::string rejectFileWithoutFolderText(std::string_view path, std::string_view folder) {
+  return noPlaceForRefusedLines(path) + "there is no folder " + std::string(folder) +
+         ". Make it, or name another place for them";
+}
+
+std::string rejectFileIsFolderText(std::string_view path) {
+  return noPlaceForRefusedLines(path) + "it is a folder. Name a file for them";
+}
+
+std::string rejectFileIsStoreText(std::string_view path) {
+  return noPlaceForRefusedLines(path) + "it is a store, and they would take its place. Name another file for them";
+}
+
+std::string rejectFileForbiddenText(std::string_view path) {
+  return noPlaceForRefusedLines(path) + "the place may not be written to. Name another one for them";
+}
 
 std::string lineTooLongForFormText(std::size_t bytes, std::size_t limitBytes) {
   return "the line has " + std::to_string(bytes) + " bytes; a line of this file has at most " +

@@ -16,6 +16,11 @@ std::string emptyFileText(std::string_view path);
 std::string notAnExchangeFileText(std::string_view path);
 std::string utf16Text(std::string_view path);
 std::string noFilerText();
+// Of a place where refused lines cannot go.
+std::string rejectFileWithoutFolderText(std::string_view path, std::string_view folder);
+std::string rejectFileIsFolderText(std::string_view path);
+std::string rejectFileIsStoreText(std::string_view path);
+std::string rejectFileForbiddenText(std::string_view path);
 
 /// A value of a file in quotes, cut behind 40 characters.
 std::string quoted(std::string_view value);

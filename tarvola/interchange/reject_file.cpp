@@ -5,8 +5,10 @@
 #include <utility>
 
 #include "tarvola/interchange/import_account.h"
+#include "tarvola/interchange/import_texts.h"
 #include "tarvola/runtime/code_page.h"
 #include "tarvola/runtime/errors.h"
+#include "tarvola/store/store_file.h"
 
 namespace tarvola::interchange {
 
@@ -23,18 +25,26 @@ std::string asColumn(std::string_view reason) {
   return column;
 }
 
+/// What cannot become the reject file shows before a line is stored. At the end it would be too late: the lines would
+/// be in the store, and those that are not nowhere.
+void requirePlace(const std::string& path) {
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  std::error_code ignored;
+  if (!folder.empty() && !std::filesystem::is_directory(folder, ignored))
+    fail(ErrorNumber::PathNotFound, rejectFileWithoutFolderText(path, folder.string()));
+  if (std::filesystem::is_directory(path, ignored))
+    fail(ErrorNumber::PathFileAccessError, rejectFileIsFolderText(path));
+  if (store::isStoreFile(path)) fail(ErrorNumber::PermissionDenied, rejectFileIsStoreText(path));
+}
+
 }  // namespace
 
 RejectFile::RejectFile(std::string path, FileEncoding encoding, const ExchangeLayout& layout)
     : path_(std::move(path)), partPath_(path_ + ".part"), encoding_(encoding), layout_(layout) {
   if (path_.empty()) return;
+  requirePlace(path_);
   file_.open(partPath_, std::ios::binary | std::ios::trunc);
-  if (!file_) {
-    const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
-    std::error_code error;
-    const bool hasFolder = folder.empty() || std::filesystem::is_directory(folder, error);
-    fail(hasFolder ? ErrorNumber::PermissionDenied : ErrorNumber::PathNotFound);
-  }
+  if (!file_) fail(ErrorNumber::PermissionDenied, rejectFileForbiddenText(path_));
 }
 
 RejectFile::~RejectFile() {

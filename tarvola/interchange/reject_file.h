@@ -14,7 +14,8 @@ namespace tarvola::interchange {
 /// name, and an import that is interrupted leaves an older reject file as it was. Without refused lines there is none.
 class RejectFile {
  public:
-  /// Fails at once if the place cannot be written. An empty path writes nothing.
+  /// Fails at once, saying why and what to do, if the place cannot be written or is a folder or a store. An empty path
+  /// writes nothing.
   RejectFile(std::string path, FileEncoding encoding, const ExchangeLayout& layout);
   /// Gives up what was written unless finish was called.
   ~RejectFile();

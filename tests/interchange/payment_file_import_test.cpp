@@ -190,6 +190,29 @@ TEST_F(PaymentFile, ThatIsNoneIsRefusedWholeAndWritesNothing) {
   EXPECT_FALSE(std::filesystem::exists(store.path("rejects.csv")));
 }
 
+// At the end it would be too late: the lines would be stored, and the refused ones nowhere.
+TEST_F(PaymentFile, WithAPlaceThatCannotTakeItsRefusedLinesWritesNothing) {
+  store.folder().write("pay.csv",
+                       "SSP4;1;2009;0;1;10/02/2009;5;411128;402\r\nSSP4;1;2009;0;2;10/02/2009;x;411128;402\r\n");
+  std::filesystem::create_directory(store.path("folder"));
+  const auto failureWith = [this](const std::string& rejectPath) {
+    return failure([&] {
+      importPaymentFile({.path = store.path("pay.csv"), .month = 1, .year = 2009, .rejectPath = rejectPath});
+    });
+  };
+  EXPECT_EQ(failureWith(store.path("none/r.csv")), "Refused lines cannot be written to " + store.path("none/r.csv") +
+                                                       ": there is no folder " + store.path("none") +
+                                                       ". Make it, or name another place for them");
+  EXPECT_EQ(failureWith(store.path("folder")),
+            "Refused lines cannot be written to " + store.path("folder") + ": it is a folder. Name a file for them");
+  EXPECT_EQ(failureWith(store.storePath()), "Refused lines cannot be written to " + store.storePath() +
+                                                ": it is a store, and they would take its place. Name another file "
+                                                "for them");
+  EXPECT_THAT(store.records(), IsEmpty());
+  for (const auto& entry : std::filesystem::directory_iterator(store.folder().path()))
+    EXPECT_NE(entry.path().extension(), ".part") << entry.path();
+}
+
 TEST_F(PaymentFile, WithALineThatNobodyCanHoldWritesNothingOfTheLinesBeforeIt) {
   constexpr std::size_t longer = std::size_t{65} * 1024 * 1024;
   EXPECT_THAT(failure([&] { importBytes(std::string(payment) + "\r\n" + std::string(longer, 'x')); }),
