@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "tarvola/runtime/regional_settings.h"
 #include "tarvola/store/field_access.h"
 #include "tests/mainreturn/copy_fixture.h"
 
@@ -336,6 +337,22 @@ TEST_F(PaymentCopy, WritesTheColumnsOfThePaymentAndLeavesKeyAndNotesToTheStore) 
   ASSERT_THAT(allRows("DATSSP"), SizeIs(2));
   EXPECT_THAT(allRows("DATSSP")[1], ElementsAre("0", "4", "013121660091000", "3", "2009", "1", "411128", "402",
                                                 "10/04/2009", "0102030405060708", "1500000,75", "(null)", "(null)"));
+}
+
+// A day passes through its text, which has the month in front here: 9 March must not come back as 3 September.
+TEST_F(PaymentCopy, KeepsDayAndAmountUnderSettingsThatWriteThemInAnotherWay) {
+  addPayment("1", 4, 0, "1500000.75");
+  addPayee("1", "17.5");
+  {
+    const RegionalSettingsScope settings(RegionalSettings::unitedStates());
+    copy();
+    CF113204().pCopySSP_42(4, 3, 2009, 0);
+  }
+  EXPECT_THAT(messages_.texts(), IsEmpty());
+  EXPECT_EQ(text("D113210", "TGL_POTONG", "KD_PEMBETULAN_KE = 1"), "09/03/2009");
+  EXPECT_EQ(text("D113210", "PPH", "KD_PEMBETULAN_KE = 1"), "200000,5");
+  EXPECT_EQ(text("DATSSP", "TglSSP", "KdPmbtln = 1"), "10/04/2009");
+  EXPECT_EQ(text("DATSSP", "JmlByr", "KdPmbtln = 1"), "1500000,75");
 }
 
 TEST_F(PaymentCopy, ClearsNothingSoThatASecondRunDoublesTheRows) {
