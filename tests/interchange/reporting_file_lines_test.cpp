@@ -253,6 +253,39 @@ TEST_F(ReportedLines, PaymentsComeByDateAndOfThisArticleOnly) {
   EXPECT_EQ(split(lines[3], ';')[5], "1");
 }
 
+TEST_F(ReportedLines, PaymentsOfAnotherMonthYearOrCorrectionDoNotCome) {
+  store.mainReturn();
+  for (const char* other : {"MsPjk = 2", "ThPjk = 2010", "KdPmbtln = 1"}) {
+    store.payment(1, "0118");
+    store.run(std::string("UPDATE DATSSP SET TableKey = 9, ") + other + " WHERE TableKey = 1");
+  }
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
+}
+
+TEST_F(ReportedLines, CompensationsOfAnotherMonthYearOrArticleDoNotCome) {
+  store.mainReturn();
+  for (const char* other : {"MsPjkPBK = 2", "ThPjkPBK = 2010", "PASAL = 23"}) {
+    store.compensation("PBK-1");
+    store.run(std::string("UPDATE datPBKPPhMasa SET NoBuktiPBK = 'other', ") + other + " WHERE NoBuktiPBK = 'PBK-1'");
+  }
+  EXPECT_THAT(store.reportedLines(), ElementsAre(profileLine, mainLine(), ""));
+}
+
+TEST_F(ReportedLines, NullsOfACompensationAreEmptyAndLineBreaksAreRemoved) {
+  store.mainReturn();
+  store.compensation("PBK\r\n-1");
+  store.run("UPDATE datPBKPPhMasa SET TanggalBerlaku = NULL, JumlahPBK = NULL");
+  EXPECT_EQ(store.reportedLines().at(2), "113;PBK4;1;2009;PBK-1;;;");
+}
+
+TEST_F(ReportedLines, TheProfileKeepsItsLineBreaksAndBlanks) {
+  store.mainReturn();
+  store.run("UPDATE PROFILE SET KOTA_WP = ' Jakarta\r\nPusat '");
+  const std::vector<std::string> lines = store.reportedLines();
+  EXPECT_TRUE(lines.at(0).ends_with(";Jl. Merdeka No. 1; Jakarta")) << lines.at(0);
+  EXPECT_TRUE(lines.at(1).starts_with("Pusat ;10110;")) << lines.at(1);
+}
+
 TEST_F(ReportedLines, NullsOfAPaymentAreEmptyAndLineBreaksAreRemoved) {
   store.mainReturn();
   store.payment(1, "9999");
