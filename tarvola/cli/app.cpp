@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 #include <optional>
 #include <ostream>
 
@@ -111,6 +112,9 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   } catch (const CommandFailure& failure) {
     err << "tarvola: " << failure.what() << '\n';
     return failure.code();
+  } catch (const std::bad_alloc&) {
+    err << "tarvola: There is not enough memory for this.\nEnd other programs, and run the command again.\n";
+    return Failed;
   } catch (const std::exception& failure) {
     err << "tarvola: " << failure.what() << '\n';
     return Failed;

@@ -126,15 +126,14 @@ CorrectionOutcome make(const CorrectionOrder& order, const Period& target) {
 void printOutcome(const CorrectionOutcome& outcome, const Period& source, const Period& target, const std::string& npwp,
                   const Context& context) {
   if (context.json) {
-    context.out << Json{{"month", target.month},
-                        {"year", target.year},
-                        {"correction", target.correction},
-                        {"corrected", source.correction},
-                        {"npwp", npwp},
-                        {"contents", asJson(outcome.target)},
-                        {"paymentsCopied", outcome.paymentsCopied},
-                        {"paymentsThere", outcome.paymentsThere}}
-                       .dump(2)
+    context.out << jsonText(Json{{"month", target.month},
+                                 {"year", target.year},
+                                 {"correction", target.correction},
+                                 {"corrected", source.correction},
+                                 {"npwp", npwp},
+                                 {"contents", asJson(outcome.target)},
+                                 {"paymentsCopied", outcome.paymentsCopied},
+                                 {"paymentsThere", outcome.paymentsThere}})
                 << '\n';
     return;
   }

@@ -260,19 +260,18 @@ void printDifferenceJson(const ReturnDifference& difference, const ComparedPerio
                      {"name", lineOf(each.line).printedName},
                      {"before", asJson(each.before)},
                      {"after", asJson(each.after)}});
-  context.out << Json{{"month", periods.before.month},
-                      {"year", periods.before.year},
-                      {"before", asJson(difference.before, periods.before)},
-                      {"after", asJson(difference.after, periods.after)},
-                      {"same", difference.isEmpty()},
-                      {"taxOfCorrection", jsonNumber(difference.taxOfCorrection())},
-                      {"lines", lines},
-                      {"fields", asJson(difference.returnFields)},
-                      {"slips", asJson(difference.slips, "form", "number")},
-                      {"interestPayees", asJson(difference.interestPayees, "kind", "number")},
-                      {"selfPaidForms", asJson(difference.selfPaidForms, "form", "ntpn")},
-                      {"paymentRecords", asJson(difference.payments, "kind", "ntpn")}}
-                     .dump(2)
+  context.out << jsonText(Json{{"month", periods.before.month},
+                               {"year", periods.before.year},
+                               {"before", asJson(difference.before, periods.before)},
+                               {"after", asJson(difference.after, periods.after)},
+                               {"same", difference.isEmpty()},
+                               {"taxOfCorrection", jsonNumber(difference.taxOfCorrection())},
+                               {"lines", lines},
+                               {"fields", asJson(difference.returnFields)},
+                               {"slips", asJson(difference.slips, "form", "number")},
+                               {"interestPayees", asJson(difference.interestPayees, "kind", "number")},
+                               {"selfPaidForms", asJson(difference.selfPaidForms, "form", "ntpn")},
+                               {"paymentRecords", asJson(difference.payments, "kind", "ntpn")}})
               << '\n';
 }
 

@@ -63,7 +63,7 @@ void printReturnsJson(const std::vector<StoredReturn>& returns, std::ostream& ou
                     {"selfPaidForms", each.contents.selfPaidForms},
                     {"gross", jsonNumber(each.grossRupiah)},
                     {"tax", jsonNumber(each.taxRupiah)}});
-  out << Json{{"returns", list}}.dump(2) << '\n';
+  out << jsonText(Json{{"returns", list}}) << '\n';
 }
 
 void listReturns(const Context& context) {
@@ -108,12 +108,11 @@ void printDocumentsJson(const std::vector<ListedDocument>& documents, const Peri
   Json list = Json::array();
   for (const ListedDocument& each : documents)
     list.push_back({{"form", each.form}, {"code", each.code}, {"number", each.number}, {"name", each.name}});
-  out << Json{{"month", period.month},
-              {"year", period.year},
-              {"correction", period.correction},
-              {"status", kindOf(period)},
-              {"documents", list}}
-             .dump(2)
+  out << jsonText(Json{{"month", period.month},
+                       {"year", period.year},
+                       {"correction", period.correction},
+                       {"status", kindOf(period)},
+                       {"documents", list}})
       << '\n';
 }
 

@@ -77,6 +77,11 @@ nlohmann::ordered_json jsonNumber(double value) {
   return value;
 }
 
+std::string jsonText(const nlohmann::ordered_json& value) {
+  constexpr int indentation = 2;
+  return value.dump(indentation, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
 std::string csvField(const std::string& text) {
   if (text.find_first_of(",\"\n") == std::string::npos) return text;
   return '"' + Replace(text, "\"", "\"\"") + '"';

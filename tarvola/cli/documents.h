@@ -44,6 +44,9 @@ std::string counted(Count count, const char* one, const char* many) {
 }
 /// A number for JSON: whole ones without a decimal point.
 nlohmann::ordered_json jsonNumber(double value);
+/// A value as it is printed. A text may be the name of a file or out of a damaged store: bytes that are no UTF-8 show
+/// as U+FFFD, since whatever is printed must be JSON, and the work is done by then.
+std::string jsonText(const nlohmann::ordered_json& value);
 /// A field of a CSV line: in quotes where it holds what would break the line.
 std::string csvField(const std::string& text);
 

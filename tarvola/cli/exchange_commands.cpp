@@ -7,6 +7,7 @@
 
 #include "tarvola/cli/commands.h"
 #include "tarvola/cli/damage.h"
+#include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/files.h"
 #include "tarvola/cli/import_account.h"
@@ -40,7 +41,7 @@ int importFile(const ImportOptions& options, const Context& context) {
   const ProgressLine progress;
   const SlipFileImportResult result = takenFile("export", [&] { return importSlipFile(order); });
   if (context.json)
-    context.out << asJson(result, order.rejectPath).dump(2) << '\n';
+    context.out << jsonText(asJson(result, order.rejectPath)) << '\n';
   else
     printAccount(result, "import of " + context.period().text(), order.rejectPath, context);
   if (result.likeUtf8 > 0)
@@ -85,7 +86,6 @@ void requireDocuments(const Period& period) {
 void exportFile(const ExportOptions& options, const Context& context) {
   context.connect();
   const Period period = context.period();
-  requireFolder(options.file);
   FinishedFile file(options.file, options.force);
   requireDocuments(period);
   // A damaged document would leave the store without its figures, and no import would take it back.
@@ -94,11 +94,11 @@ void exportFile(const ExportOptions& options, const Context& context) {
   const Messages messages;
   CEksporBP().pEksporPPh("", 4, std::to_string(period.month), std::to_string(period.year), period.correction,
                          file.partPath(), "");
-  messages.throwIfAny();
+  file.requireWritten(messages);
   const std::uint64_t rows = linesOf(file.partPath()) - 1;
   file.finish();
   if (context.json)
-    context.out << nlohmann::ordered_json{{"file", options.file}, {"rows", rows}}.dump(2) << '\n';
+    context.out << jsonText(nlohmann::ordered_json{{"file", options.file}, {"rows", rows}}) << '\n';
   else
     context.out << "Exported " << grouped(rows) << " documents of " << period.text() << " to " << options.file << ".\n";
 }

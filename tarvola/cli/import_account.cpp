@@ -38,11 +38,13 @@ FileImport orderOf(const ImportOptions& options, const char* what, const Context
   context.connect();
   const Period period = context.period();
   requireInputFile(options.file, what);
+  const std::string rejects = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects;
+  requirePlaceOfRefused(rejects, options.file);
   return {.path = options.file,
           .month = period.month,
           .year = period.year,
           .correction = period.correction,
-          .rejectPath = options.rejects.empty() ? rejectsBeside(options.file) : options.rejects};
+          .rejectPath = rejects};
 }
 
 std::string grouped(std::uint64_t value) { return Format(static_cast<double>(value), "#,##0"); }

@@ -20,7 +20,8 @@ struct ImportOptions {
 
 /// The file, the place of refused lines and the period. `what` names the file in the help: "The payment file".
 void addImportOptions(CLI::App& command, ImportOptions& options, const char* what, Context& context);
-/// Connects to the store and makes the order. Fails for a file that is none, naming `what` to name: "the payment file".
+/// Connects to the store and makes the order. Fails for a file that is none, naming `what` to name: "the payment file",
+/// and where the refused lines would replace what must stay.
 FileImport orderOf(const ImportOptions& options, const char* what, const Context& context);
 
 /// A count as people read it.

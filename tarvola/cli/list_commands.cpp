@@ -151,9 +151,12 @@ void printJson(const ShownList& list, const Period& period, const RecordsetPtr& 
           column.isAmount ? jsonNumber(fieldNumber(rows, column.field)) : Json(fieldText(rows, column.field));
     all.push_back(row);
   }
-  out << Json{{"list", list.codes.kdForm},       {"month", period.month}, {"year", period.year},
-              {"correction", period.correction}, {"sums", sums},          {"rows", all}}
-             .dump(2)
+  out << jsonText(Json{{"list", list.codes.kdForm},
+                       {"month", period.month},
+                       {"year", period.year},
+                       {"correction", period.correction},
+                       {"sums", sums},
+                       {"rows", all}})
       << '\n';
 }
 

@@ -182,7 +182,7 @@ void printJson(const Records& records, const Period& period, std::ostream& out) 
                     {"transfersTotal", jsonNumber(records.transferred())},
                     {"paid", jsonNumber(paid)},
                     {"returnTax", tax ? jsonNumber(*tax) : Json(nullptr)}};
-  out << all.dump(2) << '\n';
+  out << jsonText(all) << '\n';
 }
 
 void listRecords(const Context& context) {
@@ -226,7 +226,7 @@ int importFile(const ImportOptions& options, const Context& context) {
   const ProgressLine progress;
   const PaymentFileImportResult result = takenFile("payments export", [&] { return importPaymentFile(order); });
   if (context.json)
-    context.out << asJson(result, order.rejectPath).dump(2) << '\n';
+    context.out << jsonText(asJson(result, order.rejectPath)) << '\n';
   else
     printAccount(result, "payments of " + period.text(), order.rejectPath, context);
   if (result.unnumberedStored > 0)
@@ -248,14 +248,14 @@ struct ExportOptions {
 /// Writes through the library, whose messages decide whether it succeeded. A folder that does not exist is told by an
 /// informative one, which a success never shows.
 void writeRecords(const ExportOptions& options, const Period& period, const std::string& npwp,
-                  const std::string& path) {
+                  const FinishedFile& file) {
   auto write = &CEksporSSPPBK::pEksporSSPPBK;
   if (options.onlyPayments) write = &CEksporSSPPBK::pEksporSSP;
   if (options.onlyTransfers) write = &CEksporSSPPBK::pEksporPBK;
   const Messages messages;
-  (CEksporSSPPBK().*write)(npwp, store::taxArticle, period.month, period.year, path, period.correction);
-  messages.throwIfAny();
-  messages.throwIfNotified(missingFolderRemedy(path));
+  (CEksporSSPPBK().*write)(npwp, store::taxArticle, period.month, period.year, file.partPath(), period.correction);
+  file.requireWritten(messages);
+  messages.throwIfNotified(missingFolderRemedy(file.partPath()));
 }
 
 struct ExportedCounts {
@@ -306,7 +306,7 @@ void exportFile(const ExportOptions& options, const Context& context) {
     throw CommandFailure("The store holds no such payment records of " + period.text() +
                          "; there is nothing to export.");
   const ProgressLine progress;
-  writeRecords(options, period, npwp, file.partPath());
+  writeRecords(options, period, npwp, file);
   const ExportedCounts written = countLines(file.partPath());
   if (written.payments != expected.payments || written.transfers != expected.transfers)
     throw CommandFailure("The file holds " + grouped(written.payments + written.transfers) +
@@ -315,8 +315,8 @@ void exportFile(const ExportOptions& options, const Context& context) {
   file.finish();
   noteLeftOut(records, options, expected, context.err);
   if (context.json)
-    context.out << Json{{"file", options.file}, {"payments", written.payments}, {"transfers", written.transfers}}.dump(
-                       2)
+    context.out << jsonText(
+                       Json{{"file", options.file}, {"payments", written.payments}, {"transfers", written.transfers}})
                 << '\n';
   else
     context.out << "Exported " << counted(written.payments, "payment", "payments") << " and "

@@ -54,11 +54,10 @@ void removeOne(const Context& context, bool yes) {
   Json rows = asJson(removed.contents);
   rows["payments"] = removed.payments;
   rows["transfers"] = removed.transfers;
-  context.out << Json{{"month", period.month},
-                      {"year", period.year},
-                      {"correction", period.correction},
-                      {"removed", rows}}
-                     .dump(2)
+  context.out << jsonText(Json{{"month", period.month},
+                               {"year", period.year},
+                               {"correction", period.correction},
+                               {"removed", rows}})
               << '\n';
 }
 

@@ -1,6 +1,7 @@
 // tarvola report write | read
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -31,26 +32,51 @@ using Json = nlohmann::ordered_json;
 
 constexpr const char* secretVariable = "TARVOLA_SECRET";
 
-/// The first line of a file, in UTF-8 or else in the ANSI code page.
-std::string readSecretFile(const std::string& path) {
-  constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-  requireInputFile(path, "the file of the secret");
+/// A text in UTF-8 or else in the ANSI code page.
+std::string asText(std::string_view bytes) { return isUtf8(bytes) ? std::string(bytes) : fromAnsi(bytes); }
+
+std::string firstLine(const std::string& path) try {
   LineReader reader = LineReader::open(path);
   std::string_view line;
-  if (!reader.next(line)) return {};
-  if (line.starts_with(utf8Mark)) line.remove_prefix(utf8Mark.size());
-  return isUtf8(line) ? std::string(line) : fromAnsi(line);
+  return reader.next(line) ? std::string(line) : std::string();
+} catch (const RunTimeError& failure) {
+  throw CommandFailure(path + ": " + failure.description() + ".\nName the file of the secret.");
+}
+
+std::string readSecretFile(const std::string& path) {
+  constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+  constexpr std::string_view utf16Mark = "\xFF\xFE";
+  constexpr std::string_view turnedUtf16Mark = "\xFE\xFF";
+  requireInputFile(path, "the file of the secret");
+  std::string line = firstLine(path);
+  if (line.starts_with(utf16Mark) || line.starts_with(turnedUtf16Mark))
+    throw CommandFailure(path + " is a text in UTF-16.\nSave it in UTF-8, with the secret alone in the first line.");
+  if (line.starts_with(utf8Mark)) line.erase(0, utf8Mark.size());
+  return asText(line);
+}
+
+/// Nobody types a control character or sees one. A secret with one is a line end or another program's format that came
+/// along unseen, and what is enciphered with it nobody else can read.
+void requireVisible(const std::string& secret) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+  if (std::any_of(secret.begin(), secret.end(), isControl))
+    throw CommandFailure(
+        "The secret holds a character that cannot be seen, as a line end or a tab.\n"
+        "Give the secret alone, as plain text.");
 }
 
 /// The secret of a report. It is not taken from the command line, which other users of the machine can see.
 std::string requireSecret(const std::string& file, std::ostream& err) {
   constexpr std::size_t lengthThatCounts = 32;
   const char* variable = std::getenv(secretVariable);
-  std::string secret = file.empty() ? (variable == nullptr ? "" : variable) : readSecretFile(file);
+  std::string secret = file.empty() ? asText(variable == nullptr ? "" : variable) : readSecretFile(file);
   if (secret.empty())
     throw CommandFailure(std::string("No secret is given.\nName a file that holds it with --secret-file, or set ") +
                              secretVariable + " in the environment.",
                          Usage);
+  requireVisible(secret);
+  if (secret.front() == ' ' || secret.back() == ' ')
+    err << "Note: the secret begins or ends with a blank, which counts.\n";
   if (Len(secret) > lengthThatCounts) err << "Note: only the first 32 characters of the secret count.\n";
   return secret;
 }
@@ -140,16 +166,21 @@ struct ReadOptions {
 
 /// Writes the plain lines as the library wrote them: ANSI, CR LF.
 void saveLines(const ReportingFile& report, const ReadOptions& options) {
-  requireFolder(options.save);
   FinishedFile file(options.save, options.force);
-  TextFile text = TextFile::create(file.partPath());
-  for (const std::string& line : report.lines) text.WriteLine(line);
-  text.Close();
+  try {
+    TextFile text = TextFile::create(file.partPath());
+    for (const std::string& line : report.lines) text.WriteLine(line);
+    text.Close();
+  } catch (const RunTimeError& failure) {
+    file.failUnwritten(failure.description());
+  }
   file.finish();
 }
 
 void readCommand(const ReadOptions& options, const Context& context) {
   const std::string secret = requireSecret(options.secretFile, context.err);
+  requireOtherFile(options.save, options.file);
+  requireOtherFile(options.save, options.secretFile);
   const ProgressLine progress;
   const ReportingFile report = readReport(options.file, secret);
   if (!options.save.empty()) saveLines(report, options);
@@ -161,7 +192,7 @@ void readCommand(const ReadOptions& options, const Context& context) {
   if (context.json) {
     Json all = asJson(summary, report);
     if (options.lines) all["text"] = report.lines;
-    context.out << all.dump(2) << '\n';
+    context.out << jsonText(all) << '\n';
   } else {
     printSummary(summary, report, context);
   }
@@ -209,12 +240,13 @@ ReportRequest requestOf(const WriteOptions& options, const Period& period) {
 
 /// Writes through the library. It tells of a missing folder and of success by the same kind of message, so whether a
 /// file is there decides.
-void writeReport(const ReportRequest& request, const std::string& path, const std::string& secret) {
+void writeReport(const ReportRequest& request, const FinishedFile& file, const std::string& secret) {
+  const std::string& path = file.partPath();
   const Messages messages;
   CLaporData().pEksporDataTRV4_2009(CStr(std::int32_t{request.month}), CStr(std::int32_t{request.year}),
                                     request.correction, path, request.status, readFiler().npwp, request.dJmlNKLB,
                                     CStr(std::int32_t{request.paymentsCorrection}), secret, request.updateDate);
-  messages.throwIfAny();
+  file.requireWritten(messages);
   if (!std::filesystem::exists(path)) messages.throwIfNotified(missingFolderRemedy(path));
 }
 
@@ -256,13 +288,14 @@ void writeCommand(const WriteOptions& options, const Context& context) {
   const std::string secret = requireSecret(options.secretFile, context.err);
   requireReturn(period);
   requireWholeReturn(period);
+  requireOtherFile(options.file, options.secretFile);
   FinishedFile file(options.file, options.force);
   const ProgressLine progress;
-  writeReport(request, file.partPath(), secret);
+  writeReport(request, file, secret);
   const ReportingFile report = readBack(file.partPath(), secret, request, context.err);
   file.finish();
   if (context.json)
-    context.out << Json{{"file", options.file}, {"lines", report.lines.size()}, {"bytes", report.byteLength}}.dump(2)
+    context.out << jsonText(Json{{"file", options.file}, {"lines", report.lines.size()}, {"bytes", report.byteLength}})
                 << '\n';
   else
     context.out << "Wrote the report of " << period.text() << " to " << options.file << ": "

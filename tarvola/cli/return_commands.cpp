@@ -107,7 +107,7 @@ void printJson(const ReturnFields& fields, const Period& period, std::ostream& o
                                       {"slips", jsonNumber(fields.number("C3"))},
                                       {"paymentRecords", jsonNumber(fields.number("c1"))},
                                       {"marks", marked}};
-  out << all.dump(2) << '\n';
+  out << jsonText(all) << '\n';
 }
 
 /// Numbers as machines read them, with a decimal point.
@@ -173,11 +173,8 @@ void printFindingsJson(const std::vector<CheckFinding>& findings, const Period& 
                     {"field", finding.field},
                     {"stored", finding.stored},
                     {"recounted", finding.recounted}});
-  out << nlohmann::ordered_json{{"month", period.month},
-                                {"year", period.year},
-                                {"correction", period.correction},
-                                {"findings", list}}
-             .dump(2)
+  out << jsonText(nlohmann::ordered_json{
+             {"month", period.month}, {"year", period.year}, {"correction", period.correction}, {"findings", list}})
       << '\n';
 }
 

@@ -179,7 +179,7 @@ Ground requireGround(const SelfPaidOptions& options, const Context& context, con
 void report(const Context& context, const Ground& ground, const std::string& ntpn, double seq, const char* what) {
   const StoredForm stored = readOne(ground.form, ground.period, ntpn, seq);
   if (context.json)
-    context.out << asJson(stored, ground.period).dump(2) << '\n';
+    context.out << jsonText(asJson(stored, ground.period)) << '\n';
   else
     context.out << what << " form " << ground.form.codes.kdForm << ", payment " << ntpn << ", SEQ "
                 << numberLiteral(seq) << ": bruto " << rupiah(stored.grossRupiah) << ", PPh "
@@ -201,7 +201,7 @@ void nextSeq(const SelfPaidOptions& options, const Context& context) {
   const Ground ground = requireGround(options, context);
   const double seq = SelfPaidEditor(ground.form, ground.period).nextSeq();
   if (context.json)
-    context.out << Json{{"form", ground.form.codes.kdForm}, {"seq", jsonNumber(seq)}}.dump(2) << '\n';
+    context.out << jsonText(Json{{"form", ground.form.codes.kdForm}, {"seq", jsonNumber(seq)}}) << '\n';
   else
     context.out << numberLiteral(seq) << '\n';
 }
@@ -271,7 +271,8 @@ void removeForm(const SelfPaidOptions& options, const Context& context) {
     throw CommandFailure("Nothing was removed.");
   editor.remove(options.ntpn, seq);
   if (context.json)
-    context.out << Json{{"removed", options.ntpn}, {"seq", jsonNumber(seq)}, {"form", ground.form.codes.kdForm}}.dump(2)
+    context.out << jsonText(
+                       Json{{"removed", options.ntpn}, {"seq", jsonNumber(seq)}, {"form", ground.form.codes.kdForm}})
                 << '\n';
   else
     context.out << "Removed form " << what << ".\n";
@@ -282,7 +283,7 @@ void showForm(const SelfPaidOptions& options, const Context& context) {
   const double seq = SelfPaidEditor(ground.form, ground.period).requireSeq(options.ntpn, options.seq);
   const StoredForm stored = readOne(ground.form, ground.period, options.ntpn, seq);
   if (context.json)
-    context.out << asJson(stored, ground.period).dump(2) << '\n';
+    context.out << jsonText(asJson(stored, ground.period)) << '\n';
   else
     printOne(stored, ground.period, context.out);
   requireWhole(packedFaults(ground.form.codes, ground.period, options.ntpn), wrongFigures);
@@ -291,7 +292,7 @@ void showForm(const SelfPaidOptions& options, const Context& context) {
 void printListJson(const std::vector<StoredForm>& forms, const Period& period, std::ostream& out) {
   Json list = Json::array();
   for (const StoredForm& each : forms) list.push_back(asJson(each, period));
-  out << list.dump(2) << '\n';
+  out << jsonText(list) << '\n';
 }
 
 void listForms(const SelfPaidOptions& options, const Context& context) {

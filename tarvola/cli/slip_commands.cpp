@@ -64,7 +64,7 @@ void nextNumber(const SlipOptions& options, const Context& context) {
   const SlipForm& form = requireSlipForm(options.form);
   const std::string number = SlipEditor(form, context.period()).nextNumber();
   if (context.json)
-    context.out << Json{{"form", form.codes.kdForm}, {"number", number}}.dump(2) << '\n';
+    context.out << jsonText(Json{{"form", form.codes.kdForm}, {"number", number}}) << '\n';
   else
     context.out << number << '\n';
 }
@@ -144,7 +144,7 @@ void removeSlip(const SlipOptions& options, const Context& context) {
     throw CommandFailure("Nothing was removed.");
   editor.remove(options.number);
   if (context.json)
-    context.out << Json{{"removed", options.number}, {"form", form.codes.kdForm}}.dump(2) << '\n';
+    context.out << jsonText(Json{{"removed", options.number}, {"form", form.codes.kdForm}}) << '\n';
   else
     context.out << "Removed slip " << options.number << " (" << form.codes.kdForm << ").\n";
 }

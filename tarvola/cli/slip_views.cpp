@@ -48,7 +48,7 @@ void printSlipJson(const Context& context, const SlipForm& form, const Period& p
                      {"gross", jsonNumber(fieldNumber(row, form.gross))},
                      {"tax", jsonNumber(fieldNumber(row, form.tax))},
                      {"fields", values}};
-  context.out << slip.dump(2) << '\n';
+  context.out << jsonText(slip) << '\n';
 }
 
 void printSlip(const Context& context, const SlipForm& form, const Period& period, const std::string& number,
@@ -135,13 +135,12 @@ void printListJson(const std::vector<ListedSlip>& slips, const Period& period, s
                     {"gross", jsonNumber(slip.grossRupiah)},
                     {"tax", jsonNumber(slip.taxRupiah)}});
   const Sums sums = sumsOf(slips);
-  out << Json{{"month", period.month},
-              {"year", period.year},
-              {"correction", period.correction},
-              {"slips", list},
-              {"gross", jsonNumber(sums.grossRupiah)},
-              {"tax", jsonNumber(sums.taxRupiah)}}
-             .dump(2)
+  out << jsonText(Json{{"month", period.month},
+                       {"year", period.year},
+                       {"correction", period.correction},
+                       {"slips", list},
+                       {"gross", jsonNumber(sums.grossRupiah)},
+                       {"tax", jsonNumber(sums.taxRupiah)}})
       << '\n';
 }
 
@@ -236,7 +235,7 @@ void showRates(const Context& context, const std::string& form) {
     Json list = Json::array();
     for (const DefaultRate& rate : rates)
       list.push_back({{"form", rate.form}, {"item", rate.item}, {"rate", jsonNumber(rate.percent)}});
-    context.out << list.dump(2) << '\n';
+    context.out << jsonText(list) << '\n';
     return;
   }
   Table table({{"Form"}, {"Item"}, {"Tarif (%)", Table::Align::Right}, {"Uraian"}});

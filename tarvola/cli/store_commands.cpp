@@ -149,12 +149,11 @@ void showInfo(const Context& context) {
                     {"correction", each.period.kdPembetulanKe},
                     {"slips", each.contents.slips},
                     {"selfPaidForms", each.contents.selfPaidForms}});
-  context.out << nlohmann::ordered_json{{"store", context.storePath},
-                                        {"npwp", filer.npwp},
-                                        {"name", filer.name},
-                                        {"address", filer.address},
-                                        {"returns", list}}
-                     .dump(2)
+  context.out << jsonText(nlohmann::ordered_json{{"store", context.storePath},
+                                                 {"npwp", filer.npwp},
+                                                 {"name", filer.name},
+                                                 {"address", filer.address},
+                                                 {"returns", list}})
               << '\n';
 }
 

@@ -1,33 +1,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "tarvola/ado/engine/embedded_store.h"
 #include "tarvola/runtime/text_file.h"
 #include "tests/cli/tool.h"
+#include "tests/support/ordinary_user.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvola::test {
 namespace {
-
-/// Puts off the rights of the administrator, to whom no file is read-only.
-class OrdinaryUser {
- public:
-  OrdinaryUser() : before_(geteuid()) {
-    if (before_ == 0) become(nobody);
-  }
-  ~OrdinaryUser() {
-    if (before_ == 0) become(before_);
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-  static void become(uid_t user) { EXPECT_EQ(seteuid(user), 0); }
-
-  static constexpr uid_t nobody = 65534;
-  uid_t before_;
-};
 
 TEST(ReadOnlyStore, IsToldAndStaysAsItWas) {
   const TempFolder folder;
