@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <ostream>
+#include <system_error>
 
 #include "tarvola/cli/files.h"
 #include "tarvola/cli/table.h"
@@ -12,10 +13,19 @@ namespace tarvola::cli {
 
 namespace {
 
-/// Where refused lines go if nobody says: beside the file, "month.csv" to "month.rejected.csv".
+/// Where refused lines go if nobody says: beside the file, "month.csv" to "month.rejected.csv". Somebody may have
+/// mended the lines of a former import there and not taken them in yet, so a file that exists stays, and
+/// "month.rejected-2.csv" is the next place.
 std::string rejectsBeside(const std::string& file) {
   const std::filesystem::path path(file);
-  return (path.parent_path() / (path.stem().string() + ".rejected" + path.extension().string())).string();
+  const auto place = [&](const std::string& number) {
+    return path.parent_path() / (path.stem().string() + ".rejected" + number + path.extension().string());
+  };
+  std::filesystem::path free = place("");
+  std::error_code ignored;
+  for (int number = 2; std::filesystem::exists(std::filesystem::symlink_status(free, ignored)); ++number)
+    free = place("-" + std::to_string(number));
+  return free.string();
 }
 
 void printRefused(const ImportAccount& account, const std::string& rejects, std::ostream& err) {
