@@ -5,9 +5,11 @@
 #include <optional>
 #include <ostream>
 
+#include "tarvola/cli/command_line.h"
 #include "tarvola/cli/commands.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/person.h"
+#include "tarvola/cli/terminal.h"
 #include "tarvola/tarvola.h"
 
 namespace tarvola::cli {
@@ -25,29 +27,15 @@ constexpr const char* footer = R"(From an exchange file to a finished return:
 'tarvola help COMMAND' tells more of a command.
 Exit codes: 0 done, 1 failed, 2 wrong command line, 3 done but for refused lines.)";
 
-/// "help" and "help slip add": the same as --help behind those words.
+/// "help", "help slip add" and "slip help": the same as --help behind those words.
 std::vector<std::string> withHelpAsOption(std::vector<std::string> arguments) {
   if (arguments.empty()) return {"--help"};
-  if (arguments.front() != "help") return arguments;
-  arguments.erase(arguments.begin());
+  const auto isOption = [](const std::string& word) { return word.starts_with('-'); };
+  const bool isBehind = arguments.back() == "help" && std::none_of(arguments.begin(), arguments.end(), isOption);
+  if (arguments.front() != "help" && !isBehind) return arguments;
+  std::erase(arguments, "help");
   arguments.emplace_back("--help");
   return arguments;
-}
-
-/// Fails on the first word that is no command where one is needed.
-void requireKnownCommands(const CLI::App& app, const std::vector<std::string>& words) {
-  const CLI::App* at = &app;
-  for (const std::string& word : words) {
-    if (at->get_require_subcommand_min() == 0 || word.empty() || word.front() == '-') return;
-    const auto commands = at->get_subcommands([](const CLI::App*) { return true; });
-    const auto found = std::find_if(commands.begin(), commands.end(),
-                                    [&](const CLI::App* command) { return command->get_name() == word; });
-    if (found == commands.end())
-      throw CommandFailure("There is no command \"" + (at == &app ? word : at->get_name() + " " + word) +
-                               "\".\nSee: tarvola help" + (at == &app ? "" : " " + at->get_name()),
-                           Usage);
-    at = *found;
-  }
 }
 
 void describe(CLI::App& app, Context& context) {
@@ -59,11 +47,26 @@ void describe(CLI::App& app, Context& context) {
   app.set_help_flag("-h,--help", "Show this help");
   app.add_option("-s,--store", context.storePath, "The store (or TARVOLA_STORE in the environment)")->type_name("FILE");
   app.add_flag("--json", context.json, "Print the result as JSON");
+  // The commands take it over.
+  app.footer("Every command takes -s,--store FILE and --json too; see: tarvola help");
 }
 
 std::string storeOfEnvironment() {
   const char* path = std::getenv("TARVOLA_STORE");
   return path == nullptr ? "" : path;
+}
+
+/// Reads the words, and does what they say.
+void parse(CLI::App& app, std::vector<std::string> words, std::ostream& out, std::ostream& err) {
+  requireKnownCommands(app, words);
+  std::reverse(words.begin(), words.end());
+  try {
+    app.parse(words);
+  } catch (const CLI::ParseError& error) {
+    // Help and version come the same way as what is wrong.
+    if (error.get_exit_code() != 0) failAsUsage(app, error);
+    app.exit(error, out, err);
+  }
 }
 
 /// Whoever reads a result from a file or a pipe must not take half of it for the whole.
@@ -98,17 +101,13 @@ int run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   addExchangeCommands(app, context, exitCode);
   addPaymentCommands(app, context, exitCode);
   addReportCommands(app, context);
-  // Last, so that the commands do not take it over.
+  // Last, so that the commands keep theirs.
   app.footer(footer);
   try {
-    std::vector<std::string> words = withHelpAsOption(arguments);
-    requireKnownCommands(app, words);
-    std::reverse(words.begin(), words.end());
-    app.parse(words);
+    const ProgressLine progress(out, err);
+    parse(app, withHelpAsOption(arguments), out, err);
     requireWritten(out);
     return exitCode;
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error, out, err) == 0 ? Done : Usage;
   } catch (const CommandFailure& failure) {
     err << "tarvola: " << failure.what() << '\n';
     return failure.code();

@@ -114,7 +114,6 @@ std::string lineOf(const CopyObstacle& obstacle) {
 // --- making it ---------------------------------------------------------------------------------------------
 
 CorrectionOutcome make(const CorrectionOrder& order, const Period& target) {
-  const ProgressLine progress;
   try {
     return correctReturn(order);
   } catch (const RunTimeError& failure) {

@@ -45,7 +45,6 @@ int compare(const Context& context, const DifferenceOptions& options) {
   const ComparedPeriods periods = periodsOf(context.period(), options.corrections);
   requireReturn(periods.before);
   requireReturn(periods.after);
-  const ProgressLine progress;
   const ReturnDifference difference =
       compareReturns(periods.before.month, periods.before.year, periods.before.correction, periods.after.correction);
   if (context.json)

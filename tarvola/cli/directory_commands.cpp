@@ -1,6 +1,7 @@
 // tarvola return list
 
 #include <CLI/CLI.hpp>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <vector>
@@ -66,9 +67,23 @@ void printReturnsJson(const std::vector<StoredReturn>& returns, std::ostream& ou
   out << jsonText(Json{{"returns", list}}) << '\n';
 }
 
-void listReturns(const Context& context) {
+/// Numbers as machines read them, with a decimal point.
+void printReturnsCsv(const std::vector<StoredReturn>& returns, std::ostream& out) {
+  out << "month,year,correction,status,slips,selfPaidForms,gross,tax\n";
+  for (const StoredReturn& each : returns)
+    out << each.period.msPajak << ',' << each.period.thPajak << ',' << each.period.kdPembetulanKe << ','
+        << csvField(statusOf(each)) << ',' << each.contents.slips << ',' << each.contents.selfPaidForms << ','
+        << numberLiteral(each.grossRupiah) << ',' << numberLiteral(each.taxRupiah) << '\n';
+}
+
+void listReturns(const Context& context, bool csv) {
   const std::vector<StoredReturn> returns = store::storedReturns(store::StoreObject());
-  context.json ? printReturnsJson(returns, context.out) : printReturns(returns, context);
+  if (context.json)
+    printReturnsJson(returns, context.out);
+  else if (csv)
+    printReturnsCsv(returns, context.out);
+  else
+    printReturns(returns, context);
 }
 
 // --- the documents of one return -----------------------------------------------------------------------------
@@ -116,6 +131,13 @@ void printDocumentsJson(const std::vector<ListedDocument>& documents, const Peri
       << '\n';
 }
 
+void printDocumentsCsv(const std::vector<ListedDocument>& documents, std::ostream& out) {
+  out << "form,code,number,name\n";
+  for (const ListedDocument& each : documents)
+    out << csvField(each.form) << ',' << csvField(each.code) << ',' << csvField(each.number) << ','
+        << csvField(each.name) << '\n';
+}
+
 /// Documents whose code has no name, and those that are there twice, are not in the directory.
 void noteMissing(std::size_t listed, std::int64_t stored, const Context& context) {
   const std::int64_t missing = stored - static_cast<std::int64_t>(listed);
@@ -124,14 +146,19 @@ void noteMissing(std::size_t listed, std::int64_t stored, const Context& context
                 << " not listed, being there twice or having a code without a name. See: tarvola return check\n";
 }
 
-void listDocuments(const Context& context) {
+void listDocuments(const Context& context, bool csv) {
   const Period period = context.period();
   const store::ReturnContents contents = store::contentsOf(store::StoreObject(), storePeriod(period));
   if (contents.documents() == 0)
     throw CommandFailure("There is no return " + period.text() + ".\nSee what there is with: tarvola return list");
   const std::vector<ListedDocument> documents = documentsOf(period);
   noteMissing(documents.size(), contents.documents(), context);
-  context.json ? printDocumentsJson(documents, period, context.out) : printDocuments(documents, period, context);
+  if (context.json)
+    printDocumentsJson(documents, period, context.out);
+  else if (csv)
+    printDocumentsCsv(documents, context.out);
+  else
+    printDocuments(documents, period, context);
 }
 
 }  // namespace
@@ -139,9 +166,13 @@ void listDocuments(const Context& context) {
 void addReturnDirectory(CLI::App& group, Context& context) {
   CLI::App* list = group.add_subcommand("list", "List the returns of a store; with --period the documents of one");
   addPeriodOptions(*list, context);
-  list->callback([&context] {
+  auto csv = std::make_shared<bool>(false);
+  list->add_flag("--csv", *csv, "Print the list as CSV");
+  const CLI::Option* correction = list->get_option("--correction");
+  list->callback([csv, correction, &context] {
     context.connect();
-    context.periodText.empty() ? listReturns(context) : listDocuments(context);
+    // A correction without its month names no return.
+    context.periodText.empty() && correction->count() == 0 ? listReturns(context, *csv) : listDocuments(context, *csv);
   });
 }
 

@@ -83,7 +83,7 @@ std::string jsonText(const nlohmann::ordered_json& value) {
 }
 
 std::string csvField(const std::string& text) {
-  if (text.find_first_of(",\"\n") == std::string::npos) return text;
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
   return '"' + Replace(text, "\"", "\"\"") + '"';
 }
 

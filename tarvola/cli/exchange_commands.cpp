@@ -38,7 +38,6 @@ void requireRebuilt(const SlipFileImportResult& result) {
 
 int importFile(const ImportOptions& options, const Context& context) {
   const FileImport order = orderOf(options, "the exchange file", context);
-  const ProgressLine progress;
   const SlipFileImportResult result = takenFile("export", [&] { return importSlipFile(order); });
   if (context.json)
     context.out << jsonText(asJson(result, order.rejectPath)) << '\n';
@@ -90,7 +89,6 @@ void exportFile(const ExportOptions& options, const Context& context) {
   requireDocuments(period);
   // A damaged document would leave the store without its figures, and no import would take it back.
   requireWhole(documentFaults(period), "Nothing was exported.");
-  const ProgressLine progress;
   const Messages messages;
   CEksporBP().pEksporPPh("", 4, std::to_string(period.month), std::to_string(period.year), period.correction,
                          file.partPath(), "");
@@ -115,7 +113,7 @@ void addExchangeCommands(CLI::App& app, Context& context, int& exitCode) {
   auto exporting = std::make_shared<ExportOptions>();
   CLI::App* exportCommand = app.add_subcommand("export", "Write a return to a slip exchange file");
   exportCommand->group(groups::exchange);
-  exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
+  exportCommand->add_option("FILE", exporting->file, "The file to write")->type_name("")->required();
   exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
   addPeriodOptions(*exportCommand, context);
   exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });

@@ -39,8 +39,9 @@ void printRefused(const ImportAccount& account, const std::string& rejects, std:
 }  // namespace
 
 void addImportOptions(CLI::App& command, ImportOptions& options, const char* what, Context& context) {
-  command.add_option("FILE", options.file, what)->required();
-  command.add_option("--rejects", options.rejects, "Where refused lines go (beside the file as FILE.rejected.csv)");
+  command.add_option("FILE", options.file, what)->type_name("")->required();
+  command.add_option("--rejects", options.rejects, "Where refused lines go (beside the file as FILE.rejected.csv)")
+      ->type_name("FILE");
   addPeriodOptions(command, context);
 }
 

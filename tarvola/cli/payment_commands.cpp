@@ -185,12 +185,23 @@ void printJson(const Records& records, const Period& period, std::ostream& out) 
   out << jsonText(all) << '\n';
 }
 
-void listRecords(const Context& context) {
+void printCsv(const Records& records, std::ostream& out) {
+  out << "record,date,number,account,kind,amount\n";
+  for (const Payment& each : records.payments)
+    out << "SSP," << each.date << ',' << csvField(each.number) << ',' << csvField(each.account) << ','
+        << csvField(each.kind) << ',' << numberLiteral(each.rupiah) << '\n';
+  for (const Transfer& each : records.transfers)
+    out << "PBK," << each.date << ',' << csvField(each.number) << ",,," << numberLiteral(each.rupiah) << '\n';
+}
+
+void listRecords(const Context& context, bool csv) {
   context.connect();
   const Period period = context.period();
   const Records records = readRecords(period);
   if (context.json)
     printJson(records, period, context.out);
+  else if (csv)
+    printCsv(records, context.out);
   else
     printRecords(records, period, context);
 }
@@ -223,7 +234,6 @@ int importFile(const ImportOptions& options, const Context& context) {
   const FileImport order = orderOf(options, "the payment file", context);
   const Period period = context.period();
   requireReturn(period);
-  const ProgressLine progress;
   const PaymentFileImportResult result = takenFile("payments export", [&] { return importPaymentFile(order); });
   if (context.json)
     context.out << jsonText(asJson(result, order.rejectPath)) << '\n';
@@ -305,7 +315,6 @@ void exportFile(const ExportOptions& options, const Context& context) {
   if (expected.payments + expected.transfers == 0)
     throw CommandFailure("The store holds no such payment records of " + period.text() +
                          "; there is nothing to export.");
-  const ProgressLine progress;
   writeRecords(options, period, npwp, file);
   const ExportedCounts written = countLines(file.partPath());
   if (written.payments != expected.payments || written.transfers != expected.transfers)
@@ -338,7 +347,7 @@ void addPaymentCommands(CLI::App& app, Context& context, int& exitCode) {
 
   auto exporting = std::make_shared<ExportOptions>();
   CLI::App* exportCommand = group->add_subcommand("export", "Write payments and transfers to a payment file");
-  exportCommand->add_option("FILE", exporting->file, "The file to write")->required();
+  exportCommand->add_option("FILE", exporting->file, "The file to write")->type_name("")->required();
   exportCommand->add_flag("--ssp", exporting->onlyPayments, "Payments alone");
   exportCommand->add_flag("--pbk", exporting->onlyTransfers, "Transfers alone, six columns");
   exportCommand->add_flag("--force", exporting->force, "Replace the file if it exists");
@@ -346,8 +355,10 @@ void addPaymentCommands(CLI::App& app, Context& context, int& exitCode) {
   exportCommand->callback([exporting, &context] { exportFile(*exporting, context); });
 
   CLI::App* list = group->add_subcommand("list", "Show payments and transfers beside the tax of the return");
+  auto csv = std::make_shared<bool>(false);
+  list->add_flag("--csv", *csv, "Print the payments and transfers as CSV");
   addPeriodOptions(*list, context);
-  list->callback([&context] { listRecords(context); });
+  list->callback([csv, &context] { listRecords(context, *csv); });
 }
 
 }  // namespace tarvola::cli

@@ -181,7 +181,6 @@ void readCommand(const ReadOptions& options, const Context& context) {
   const std::string secret = requireSecret(options.secretFile, context.err);
   requireOtherFile(options.save, options.file);
   requireOtherFile(options.save, options.secretFile);
-  const ProgressLine progress;
   const ReportingFile report = readReport(options.file, secret);
   if (!options.save.empty()) saveLines(report, options);
   if (options.lines && !context.json) {
@@ -290,7 +289,6 @@ void writeCommand(const WriteOptions& options, const Context& context) {
   requireWholeReturn(period);
   requireOtherFile(options.file, options.secretFile);
   FinishedFile file(options.file, options.force);
-  const ProgressLine progress;
   writeReport(request, file, secret);
   const ReportingFile report = readBack(file.partPath(), secret, request, context.err);
   file.finish();
@@ -313,7 +311,7 @@ void addReportCommands(CLI::App& app, Context& context) {
 
   auto writing = std::make_shared<WriteOptions>();
   CLI::App* write = group->add_subcommand("write", "Write the reporting file of a return");
-  write->add_option("FILE", writing->file, "The file to write")->required();
+  write->add_option("FILE", writing->file, "The file to write")->type_name("")->required();
   write->add_option("--secret-file", writing->secretFile, secretHelp)->type_name("FILE");
   write->add_option("--status", writing->status, "Status of the return in its line (0)")->type_name("N");
   write->add_option("--nklb", writing->nklb, "Amount behind the status, in rupiah (0)")->type_name("AMOUNT");
@@ -326,7 +324,7 @@ void addReportCommands(CLI::App& app, Context& context) {
 
   auto reading = std::make_shared<ReadOptions>();
   CLI::App* read = group->add_subcommand("read", "Decipher and check a reporting file, and sum it up");
-  read->add_option("FILE", reading->file, "The reporting file")->required();
+  read->add_option("FILE", reading->file, "The reporting file")->type_name("")->required();
   read->add_option("--secret-file", reading->secretFile, secretHelp)->type_name("FILE");
   read->add_flag("--lines", reading->lines, "Print the plain lines");
   read->add_option("--save", reading->save, "Write the plain lines to a file")->type_name("OUT");

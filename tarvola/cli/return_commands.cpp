@@ -137,6 +137,16 @@ void showReturn(const Context& context, bool csv) {
 
 // --- making and recounting it --------------------------------------------------------------------------------
 
+void report(const Context& context, const Period& period, const char* done, const std::string& inWords) {
+  if (!context.json) {
+    context.out << inWords << '\n';
+    return;
+  }
+  const nlohmann::ordered_json result = {
+      {"month", period.month}, {"year", period.year}, {"correction", period.correction}, {"done", done}};
+  context.out << result.dump(2) << '\n';
+}
+
 void createReturn(const Context& context) {
   context.connect();
   const Period period = context.period();
@@ -146,20 +156,19 @@ void createReturn(const Context& context) {
   CF113204().pCreateF113204Hdr(filer.npwp, "F113204", "01", period.month, period.year, period.correction, "-", "113",
                                filer.name, filer.address, formatDate(today()));
   messages.throwIfAny();
-  context.out << "Made the return " << period.text() << ".\n";
+  report(context, period, "made", "Made the return " + period.text() + ".");
 }
 
 void recountReturn(const Context& context) {
   context.connect();
   const Period period = context.period();
   requireReturn(period);
-  const ProgressLine progress;
   const RebuildOutcome rebuilt = rebuildReturn(period.month, period.year, period.correction);
   for (const std::string& warning : rebuilt.warnings) context.err << "Note: " << warning << '\n';
   if (!rebuilt.failures.empty())
     throw CommandFailure("The return " + period.text() + " could not be recounted: " + rebuilt.failures.front() +
                          "\nSee which document stops it with: tarvola return check");
-  context.out << "Recounted the return " << period.text() << " from its documents.\n";
+  report(context, period, "recounted", "Recounted the return " + period.text() + " from its documents.");
 }
 
 // --- checking it ---------------------------------------------------------------------------------------------
@@ -200,7 +209,6 @@ int checkStoredReturn(const Context& context) {
   context.connect();
   const Period period = context.period();
   requireReturn(period);
-  const ProgressLine progress;
   const std::vector<CheckFinding> findings = checkReturn(period.month, period.year, period.correction);
   const auto warnings = static_cast<std::size_t>(
       std::count_if(findings.begin(), findings.end(), [](const CheckFinding& finding) { return finding.isWarning; }));

@@ -267,8 +267,7 @@ void removeForm(const SelfPaidOptions& options, const Context& context) {
   const double seq = editor.requireSeq(options.ntpn, options.seq);
   const std::string what =
       std::string(ground.form.codes.kdForm) + ", payment " + options.ntpn + ", SEQ " + numberLiteral(seq);
-  if (!options.yes && context.person != nullptr && !context.person->confirm("Remove form " + what + "?"))
-    throw CommandFailure("Nothing was removed.");
+  requireConsent(context.person, options.yes, "Remove form " + what + "?", "Nothing was removed.");
   editor.remove(options.ntpn, seq);
   if (context.json)
     context.out << jsonText(
@@ -343,7 +342,7 @@ void addSelfPaidCommands(CLI::App& app, Context& context) {
 
   CLI::App* add = command("add", "Add a form; without fields it asks for them", addForm);
   add->add_option("-n,--ntpn", options->ntpn, "Number of the payment (NTPN)")->type_name("NUMBER");
-  add->add_option("--seq", options->seq, "SEQ of the form; without it the next free one");
+  add->add_option("--seq", options->seq, "SEQ of the form; without it the next free one")->type_name("SEQ");
   addFieldOptions(*add, *options);
 
   CLI::App* edit = command("edit", "Change a form; list and return move along", editForm);

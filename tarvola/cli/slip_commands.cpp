@@ -139,9 +139,8 @@ void removeSlip(const SlipOptions& options, const Context& context) {
   const SlipForm& form = formOf(options, asked);
   const Period period = requireGround(context, form);
   SlipEditor editor(form, period);
-  if (!options.yes && context.person != nullptr &&
-      !context.person->confirm("Remove slip " + options.number + " (" + std::string(form.printedName) + ")?"))
-    throw CommandFailure("Nothing was removed.");
+  requireConsent(context.person, options.yes,
+                 "Remove slip " + options.number + " (" + std::string(form.printedName) + ")?", "Nothing was removed.");
   editor.remove(options.number);
   if (context.json)
     context.out << jsonText(Json{{"removed", options.number}, {"form", form.codes.kdForm}}) << '\n';

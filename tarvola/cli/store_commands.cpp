@@ -111,6 +111,12 @@ void createStoreFile(const CreateOptions& options, const Context& context) {
   if (!hasRightCheckDigit(profile.npwp))
     context.err << "Warning: the check digit of NPWP " << formattedNpwp(profile.npwp) << " is wrong.\n";
   createStore(options.path, profile);
+  if (context.json) {
+    context.out << nlohmann::ordered_json{{"store", options.path}, {"npwp", profile.npwp}, {"name", profile.name}}.dump(
+                       2)
+                << '\n';
+    return;
+  }
   context.out << "Made the store " << options.path << " for " << profile.name << ", NPWP "
               << formattedNpwp(profile.npwp) << ".\n";
 }
@@ -125,10 +131,10 @@ void printInfo(const Context& context, const Filer& filer, const ReturnCounts& r
     context.out << "It holds no returns yet.\n";
     return;
   }
-  Table table({{"return"},
-               {"correction", Table::Align::Right},
-               {"slips", Table::Align::Right},
-               {"self-paid forms", Table::Align::Right}});
+  Table table({{"Return"},
+               {"Correction", Table::Align::Right},
+               {"Slips", Table::Align::Right},
+               {"Self-paid forms", Table::Align::Right}});
   for (const store::StoredReturn& each : returns)
     table.add({Period{each.period.msPajak, each.period.thPajak, 0}.text(), std::to_string(each.period.kdPembetulanKe),
                rupiah(static_cast<double>(each.contents.slips)),
@@ -165,8 +171,8 @@ void addStoreCommands(CLI::App& app, Context& context) {
 
   auto options = std::make_shared<CreateOptions>();
   CLI::App* create = group->add_subcommand("create", "Make a new store with its filer");
-  create->add_option("PATH", options->path, "The file to make, usually NAME.tarvola")->required();
-  create->add_option("--profile", options->profileFile, "A JSON file with the filer's data");
+  create->add_option("PATH", options->path, "The file to make, usually NAME.tarvola")->type_name("")->required();
+  create->add_option("--profile", options->profileFile, "A JSON file with the filer's data")->type_name("FILE");
   for (std::size_t i = 0; i < profileFields.size(); ++i)
     create->add_option(std::string("--") + profileFields[i].name, options->values[i], profileFields[i].help);
   create->callback([options, &context] { createStoreFile(*options, context); });

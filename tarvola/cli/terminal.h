@@ -1,5 +1,7 @@
 #pragma once
 
+#include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,13 +11,18 @@
 namespace tarvola::cli {
 
 /// Sends the library's progress to standard error while it lives, if that is a terminal: one line that is drawn anew,
-/// for work that takes longer than a second, and cleared at the end.
+/// for work that takes longer than a second. Whatever a command prints clears it first, and so does the end.
 class ProgressLine {
  public:
-  ProgressLine();
+  /// `out` and `err` are what the command prints to.
+  ProgressLine(std::ostream& out, std::ostream& err);
   ~ProgressLine();
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
+
+ private:
+  class Drawing;
+  std::unique_ptr<Drawing> drawing_;
 };
 
 /// Collects the library's messages while it lives. The library tells of a failure by a message alone, so a command asks
