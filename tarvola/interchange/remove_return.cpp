@@ -29,6 +29,12 @@ ReturnRemoval look(const store::StoreObject& store, std::string_view npwp, const
   return found;
 }
 
+std::int64_t rowsOf(const ReturnRemoval& removal) {
+  const store::ReturnContents& contents = removal.contents;
+  return contents.documents() + contents.listRows + contents.selfPaidListRows + contents.interestPayees +
+         removal.payments + removal.transfers;
+}
+
 }  // namespace
 
 ReturnRemoval whatRemovalTakes(std::int16_t month, std::int16_t year, std::int16_t correction) {
@@ -43,12 +49,13 @@ ReturnRemoval removeReturn(std::int16_t month, std::int16_t year, std::int16_t c
   const std::string npwp = numberOfFiler(store);
   const Period period{month, year, correction};
   const ReturnRemoval taken = look(store, npwp, period);
+  store::RemovalProgress progress(rowsOf(taken));
   if (correction == 0) {
-    store::removePayments(store, taxKind, month, year);
-    store::removeTransfers(store, npwp, taxKind, month, year);
+    store::removePayments(store, taxKind, month, year, progress);
+    store::removeTransfers(store, npwp, taxKind, month, year, progress);
   }
-  store::removeInterestPayees(store, period);
-  store::removeDocuments(store, npwp, taxKind, period);
+  store::removeInterestPayees(store, period, progress);
+  store::removeDocuments(store, npwp, taxKind, period, progress);
   return taken;
 }
 

@@ -26,8 +26,10 @@ std::int16_t CGeneralClass::aMaxKdPembetulan(std::string_view /*sNPWP*/, std::st
 void CGeneralClass::pDelete(std::string_view sNPWP, std::string_view sJnsTrv, std::int16_t iMsPjk, std::int16_t iThPjk,
                             std::int16_t iKdPembtln) {
   guarded([&] {
-    if (pCekFormInduk(sJnsTrv, iMsPjk, iThPjk, iKdPembtln))
-      store::removeDocuments(store_, sNPWP, sJnsTrv, {iMsPjk, iThPjk, iKdPembtln});
+    if (pCekFormInduk(sJnsTrv, iMsPjk, iThPjk, iKdPembtln)) {
+      store::RemovalProgress progress;
+      store::removeDocuments(store_, sNPWP, sJnsTrv, {iMsPjk, iThPjk, iKdPembtln}, progress);
+    }
     // Payments belong to the month, not to a correction: only the first filing takes them along.
     if (iKdPembtln != 0) return;
     pDeleteDATSSP(sNPWP, sJnsTrv, iMsPjk, iThPjk);
@@ -44,12 +46,18 @@ bool CGeneralClass::pCekFormInduk(std::string_view sJnsTrv, std::int16_t iMsPjk,
 
 void CGeneralClass::pDeleteDATSSP(std::string_view /*sNPWP*/, std::string_view sJnsTrv, std::int16_t iMsPjk,
                                   std::int16_t iThPjk) {
-  guarded([&] { store::removePayments(store_, sJnsTrv, iMsPjk, iThPjk); });
+  guarded([&] {
+    store::RemovalProgress progress;
+    store::removePayments(store_, sJnsTrv, iMsPjk, iThPjk, progress);
+  });
 }
 
 void CGeneralClass::pDeletePBK(std::string_view sNPWP, std::string_view sJnsTrv, std::int16_t iMsPjk,
                                std::int16_t iThPjk) {
-  guarded([&] { store::removeTransfers(store_, sNPWP, sJnsTrv, iMsPjk, iThPjk); });
+  guarded([&] {
+    store::RemovalProgress progress;
+    store::removeTransfers(store_, sNPWP, sJnsTrv, iMsPjk, iThPjk, progress);
+  });
 }
 
 // --- lookups --------------------------------------------------------------------------------------------

@@ -21,24 +21,35 @@ Statement ofKindAndPeriod(std::string_view kdJenisPajak, const Period& period) {
   return kindCondition("KD_JENIS_PAJAK", kdJenisPajak) << " AND " << periodCondition(period);
 }
 
-void removeAttachments(const StoreObject& store, FixedText table, const Period& period,
-                       std::span<const std::string_view> lists) {
-  // The attachment tables know no filer and no kind: the lists alone tell the returns apart.
-  store.execute(Statement("DELETE * FROM ")
-                << table << " WHERE " << periodCondition(period) << " AND " << anyFormCondition(lists));
+void removeRows(const StoreObject& store, const Statement& deletion, RemovalProgress& progress) {
+  std::int32_t rows = 0;
+  store.connection()->Execute(deletion, &rows);
+  progress.removed(rows);
 }
 
-void removeSelfPaidForms(const StoreObject& store, std::string_view npwp, const ReturnKind& kind,
-                         const Period& period) {
+void removeAttachments(const StoreObject& store, FixedText table, const Period& period,
+                       std::span<const std::string_view> lists, RemovalProgress& progress) {
+  // The attachment tables know no filer and no kind: the lists alone tell the returns apart.
+  removeRows(store,
+             Statement("DELETE * FROM ") << table << " WHERE " << periodCondition(period) << " AND "
+                                         << anyFormCondition(lists),
+             progress);
+}
+
+void removeSelfPaidForms(const StoreObject& store, std::string_view npwp, const ReturnKind& kind, const Period& period,
+                         RemovalProgress& progress) {
   Statement condition = ofKindAndPeriod(kind.kdJenisPajak, period);
   if (kind.findsSelfPaidFormsByFiler) condition << " AND NPWP = " << text(npwp);
-  store.execute(Statement("DELETE * FROM DAT_SSP_PPh22 WHERE ") << condition);
-  removeAttachments(store, "LAMPIRAN_SSP_PPh22", period, kind.selfPaidLists);
+  removeRows(store, Statement("DELETE * FROM DAT_SSP_PPh22 WHERE ") << condition, progress);
+  removeAttachments(store, "LAMPIRAN_SSP_PPh22", period, kind.selfPaidLists, progress);
 }
 
-void removeEachRow(const RecordsetPtr& rows) {
+void removeEachRow(const RecordsetPtr& rows, RemovalProgress& progress) {
   if (isEmptyResult(rows)) return;
-  for (rows->MoveFirst(); !rows->get_EOF(); rows->MoveNext()) rows->Delete(adAffectCurrent);
+  for (rows->MoveFirst(); !rows->get_EOF(); rows->MoveNext()) {
+    rows->Delete(adAffectCurrent);
+    progress.removed(1);
+  }
   rows->Close();
 }
 
@@ -51,16 +62,16 @@ bool hasDocuments(const StoreObject& store, std::string_view kdJenisPajak, const
 }
 
 void removeDocuments(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak,
-                     const Period& period) {
+                     const Period& period, RemovalProgress& progress) {
   const ReturnKind* kind = findReturnKind(kdJenisPajak);
   if (kind == nullptr) fail(ErrorNumber::InvalidProcedureCall, unknownReturnKindText(kdJenisPajak));
-  store.execute(Statement("DELETE * FROM DS_FORM_INDUK WHERE ") << ofKindAndPeriod(kdJenisPajak, period));
-  removeAttachments(store, "DS_FORM_LAMPIRAN", period, kind->lists);
-  if (kind->hasSelfPaidForms()) removeSelfPaidForms(store, npwp, *kind, period);
+  removeRows(store, Statement("DELETE * FROM DS_FORM_INDUK WHERE ") << ofKindAndPeriod(kdJenisPajak, period), progress);
+  removeAttachments(store, "DS_FORM_LAMPIRAN", period, kind->lists, progress);
+  if (kind->hasSelfPaidForms()) removeSelfPaidForms(store, npwp, *kind, period, progress);
 }
 
-void removeInterestPayees(const StoreObject& store, const Period& period) {
-  store.execute(Statement("DELETE * FROM D113210 WHERE ") << periodCondition(period));
+void removeInterestPayees(const StoreObject& store, const Period& period, RemovalProgress& progress) {
+  removeRows(store, Statement("DELETE * FROM D113210 WHERE ") << periodCondition(period), progress);
 }
 
 RecordsetPtr paymentsOfMonth(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month,
@@ -83,13 +94,14 @@ RecordsetPtr transfersOfMonth(const StoreObject& store, std::string_view npwp, s
                     << " AND MsPjkPBK = " << std::int32_t{month} << " AND ThPjkPBK = " << std::int32_t{year});
 }
 
-void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year) {
-  removeEachRow(paymentsOfMonth(store, kdJenisPajak, month, year));
+void removePayments(const StoreObject& store, std::string_view kdJenisPajak, std::int16_t month, std::int16_t year,
+                    RemovalProgress& progress) {
+  removeEachRow(paymentsOfMonth(store, kdJenisPajak, month, year), progress);
 }
 
 void removeTransfers(const StoreObject& store, std::string_view npwp, std::string_view kdJenisPajak, std::int16_t month,
-                     std::int16_t year) {
-  removeEachRow(transfersOfMonth(store, npwp, kdJenisPajak, month, year));
+                     std::int16_t year, RemovalProgress& progress) {
+  removeEachRow(transfersOfMonth(store, npwp, kdJenisPajak, month, year), progress);
 }
 
 }  // namespace tarvola::store

@@ -3,12 +3,14 @@
 #include "tarvola/interchange/CImporSSPPBK.h"
 #include "tarvola/interchange/correct_return.h"
 #include "tarvola/runtime/errors.h"
+#include "tarvola/runtime/progress.h"
 #include "tests/interchange/month_store.h"
 
 namespace tarvola::test {
 namespace {
 
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 std::vector<std::string> withoutPayees(std::vector<std::string> rows) {
@@ -35,6 +37,36 @@ TEST(RemovedReturn, IsGoneAsPDeleteRemovesItAndItsPayeesToo) {
   MonthStore deleted;
   CGeneralClass().pDelete("013121660091000", "113", 1, 2009, 0);
   EXPECT_EQ(withoutPayees(deleted.everything()), left);
+}
+
+// One main form, five list headers, three slips and two self-paid forms, five rows of lists, two payees and two
+// payments make 20 rows: payments one by one, then each table as a whole.
+TEST(RemovedReturn, TellsOfItsProgressRowByRowOfAllTables) {
+  MonthStore month;
+  std::vector<std::uint64_t> told;
+  std::uint64_t whole = 0;
+  setProgressHandler([&](std::string_view task, std::uint64_t done, std::uint64_t total) {
+    if (task != "Removing the return") return;
+    told.push_back(done);
+    whole = total;
+  });
+  removeReturn(1, 2009, 0);
+  setProgressHandler(nullptr);
+  EXPECT_EQ(whole, 20U);
+  ASSERT_THAT(told, Not(IsEmpty()));
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.back(), 20U);
+}
+
+TEST(RemovedReturn, TellsOfTheRowsThatPDeleteRemoves) {
+  MonthStore month;
+  std::uint64_t rows = 0;
+  setProgressHandler([&](std::string_view task, std::uint64_t done, std::uint64_t) {
+    if (task == "Removing the return") rows = std::max(rows, done);
+  });
+  CGeneralClass().pDelete("013121660091000", "113", 1, 2009, 0);
+  setProgressHandler(nullptr);
+  EXPECT_EQ(rows, 16U) << "documents and rows of lists, but no payees; payments are counted by themselves";
 }
 
 // To the last byte of every table.
