@@ -9,6 +9,7 @@
 #include "tarvola/cli/commands.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
+#include "tarvola/cli/json_list.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/cli/terminal.h"
 #include "tarvola/store/return_directory.h"
@@ -120,15 +121,13 @@ void printDocuments(const std::vector<ListedDocument>& documents, const Period& 
 }
 
 void printDocumentsJson(const std::vector<ListedDocument>& documents, const Period& period, std::ostream& out) {
-  Json list = Json::array();
+  JsonList list(
+      out,
+      {{"month", period.month}, {"year", period.year}, {"correction", period.correction}, {"status", kindOf(period)}},
+      "documents");
   for (const ListedDocument& each : documents)
-    list.push_back({{"form", each.form}, {"code", each.code}, {"number", each.number}, {"name", each.name}});
-  out << jsonText(Json{{"month", period.month},
-                       {"year", period.year},
-                       {"correction", period.correction},
-                       {"status", kindOf(period)},
-                       {"documents", list}})
-      << '\n';
+    list.add({{"form", each.form}, {"code", each.code}, {"number", each.number}, {"name", each.name}});
+  list.end();
 }
 
 void printDocumentsCsv(const std::vector<ListedDocument>& documents, std::ostream& out) {

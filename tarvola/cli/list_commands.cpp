@@ -12,6 +12,7 @@
 #include "tarvola/cli/damage.h"
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
+#include "tarvola/cli/json_list.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/store/statement.h"
 
@@ -143,21 +144,21 @@ void printJson(const ShownList& list, const Period& period, const RecordsetPtr& 
                std::ostream& out) {
   Json sums;
   for (const Sum& sum : list.sums) sums[std::string(sum.field)] = jsonNumber(fieldNumber(header, sum.field));
-  Json all = Json::array();
+  JsonList all(out,
+               {{"list", list.codes.kdForm},
+                {"month", period.month},
+                {"year", period.year},
+                {"correction", period.correction},
+                {"sums", sums}},
+               "rows");
   for (; !rows->get_EOF(); rows->MoveNext()) {
     Json row;
     for (const Column& column : list.columns)
       row[std::string(column.field)] =
           column.isAmount ? jsonNumber(fieldNumber(rows, column.field)) : Json(fieldText(rows, column.field));
-    all.push_back(row);
+    all.add(row);
   }
-  out << jsonText(Json{{"list", list.codes.kdForm},
-                       {"month", period.month},
-                       {"year", period.year},
-                       {"correction", period.correction},
-                       {"sums", sums},
-                       {"rows", all}})
-      << '\n';
+  all.end();
 }
 
 void printCsv(const ShownList& list, const RecordsetPtr& rows, std::ostream& out) {

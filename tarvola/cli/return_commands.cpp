@@ -11,6 +11,7 @@
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/filer.h"
+#include "tarvola/cli/json_list.h"
 #include "tarvola/cli/table.h"
 #include "tarvola/cli/terminal.h"
 #include "tarvola/interchange/return_check.h"
@@ -144,7 +145,7 @@ void report(const Context& context, const Period& period, const char* done, cons
   }
   const nlohmann::ordered_json result = {
       {"month", period.month}, {"year", period.year}, {"correction", period.correction}, {"done", done}};
-  context.out << result.dump(2) << '\n';
+  context.out << jsonText(result) << '\n';
 }
 
 void createReturn(const Context& context) {
@@ -174,17 +175,15 @@ void recountReturn(const Context& context) {
 // --- checking it ---------------------------------------------------------------------------------------------
 
 void printFindingsJson(const std::vector<CheckFinding>& findings, const Period& period, std::ostream& out) {
-  nlohmann::ordered_json list = nlohmann::ordered_json::array();
+  JsonList list(out, {{"month", period.month}, {"year", period.year}, {"correction", period.correction}}, "findings");
   for (const CheckFinding& finding : findings)
-    list.push_back({{"finding", checkKindText(finding.kind)},
-                    {"warning", finding.isWarning},
-                    {"document", finding.document},
-                    {"field", finding.field},
-                    {"stored", finding.stored},
-                    {"recounted", finding.recounted}});
-  out << jsonText(nlohmann::ordered_json{
-             {"month", period.month}, {"year", period.year}, {"correction", period.correction}, {"findings", list}})
-      << '\n';
+    list.add({{"finding", checkKindText(finding.kind)},
+              {"warning", finding.isWarning},
+              {"document", finding.document},
+              {"field", finding.field},
+              {"stored", finding.stored},
+              {"recounted", finding.recounted}});
+  list.end();
 }
 
 void printFindings(const std::vector<CheckFinding>& findings, std::size_t warnings, const Period& period,

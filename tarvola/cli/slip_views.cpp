@@ -9,6 +9,7 @@
 #include "tarvola/cli/documents.h"
 #include "tarvola/cli/failure.h"
 #include "tarvola/cli/filer.h"
+#include "tarvola/cli/json_list.h"
 #include "tarvola/cli/slip_editor.h"
 #include "tarvola/cli/table.h"
 
@@ -125,23 +126,17 @@ Sums sumsOf(const std::vector<ListedSlip>& slips) {
 }
 
 void printListJson(const std::vector<ListedSlip>& slips, const Period& period, std::ostream& out) {
-  Json list = Json::array();
+  JsonList list(out, {{"month", period.month}, {"year", period.year}, {"correction", period.correction}}, "slips");
   for (const ListedSlip& slip : slips)
-    list.push_back({{"number", slip.number},
-                    {"form", slip.form},
-                    {"date", slip.date},
-                    {"npwp", slip.payeeNpwp},
-                    {"payee", slip.payee},
-                    {"gross", jsonNumber(slip.grossRupiah)},
-                    {"tax", jsonNumber(slip.taxRupiah)}});
+    list.add({{"number", slip.number},
+              {"form", slip.form},
+              {"date", slip.date},
+              {"npwp", slip.payeeNpwp},
+              {"payee", slip.payee},
+              {"gross", jsonNumber(slip.grossRupiah)},
+              {"tax", jsonNumber(slip.taxRupiah)}});
   const Sums sums = sumsOf(slips);
-  out << jsonText(Json{{"month", period.month},
-                       {"year", period.year},
-                       {"correction", period.correction},
-                       {"slips", list},
-                       {"gross", jsonNumber(sums.grossRupiah)},
-                       {"tax", jsonNumber(sums.taxRupiah)}})
-      << '\n';
+  list.end({{"gross", jsonNumber(sums.grossRupiah)}, {"tax", jsonNumber(sums.taxRupiah)}});
 }
 
 void printListCsv(const std::vector<ListedSlip>& slips, std::ostream& out) {

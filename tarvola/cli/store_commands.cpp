@@ -112,9 +112,7 @@ void createStoreFile(const CreateOptions& options, const Context& context) {
     context.err << "Warning: the check digit of NPWP " << formattedNpwp(profile.npwp) << " is wrong.\n";
   createStore(options.path, profile);
   if (context.json) {
-    context.out << nlohmann::ordered_json{{"store", options.path}, {"npwp", profile.npwp}, {"name", profile.name}}.dump(
-                       2)
-                << '\n';
+    context.out << jsonText({{"store", options.path}, {"npwp", profile.npwp}, {"name", profile.name}}) << '\n';
     return;
   }
   context.out << "Made the store " << options.path << " for " << profile.name << ", NPWP "
