@@ -14,8 +14,8 @@ namespace {
 /// Amounts are kept as numbers of 15 digits.
 constexpr double tooLarge = 1e15;
 
-/// In "1234.56" the point may be the decimal sign of another country or a slip of the hand. The amount is refused, since
-/// neither guess is safe with money.
+/// In "1234.56" the point may be the decimal sign of another country or a slip of the hand. The amount is refused,
+/// since neither guess is safe with money.
 bool hasMisplacedThousands(std::string_view value) {
   const RegionalSettings& settings = regionalSettings();
   const std::string_view whole = value.substr(0, value.find(settings.decimal));
