@@ -1,35 +1,28 @@
 // Lines of a payment file: what the check lets through must become a statement without a failure, and nothing at all
 // may break the reader.
 
-#include <unistd.h>
-
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
-#include <fstream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tarvola/interchange/exchange_file_reader.h"
+#include "fuzz/fuzz_file.h"
 #include "tarvola/interchange/payment_check.h"
 #include "tarvola/interchange/payment_files.h"
 #include "tarvola/interchange/payment_line.h"
 #include "tarvola/interchange/payment_records.h"
-#include "tarvola/runtime/errors.h"
 
 namespace {
 
 using namespace tarvola;
 using namespace tarvola::interchange;
+using fuzz::require;
 using namespace tarvola::interchange::payment_columns;
 
 constexpr store::Period period{1, 2009, 0};
 constexpr std::string_view npwp = "024573180013000";
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 bool isWholeAmount(double rupiah) { return std::isfinite(rupiah) && rupiah >= 0 && rupiah == std::floor(rupiah); }
 
@@ -51,22 +44,10 @@ void importLine(std::span<const std::string_view> cells) {
   }
 }
 
-std::string fileWith(std::string_view bytes) {
-  static const std::string path = "/tmp/fuzz_payment_line." + std::to_string(getpid());
-  std::ofstream(path, std::ios::binary | std::ios::trunc)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return path;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string bytes(data, data + size);
-  try {
-    ExchangeFileReader reader(fileWith(bytes), paymentFileLayout);
-    while (reader.next()) importLine(reader.columns());
-  } catch (const RunTimeError&) {
-    // A file that is none is refused whole.
-  }
+  fuzz::forEachLine(data, size, paymentFileLayout,
+                    [](std::span<const std::string_view> columns) { importLine(columns); });
   return 0;
 }
